@@ -1,0 +1,1 @@
+// The one file that knows every floor of the library.

@@ -1,0 +1,19 @@
+# What `cmake --install` leaves behind: headers, library, a CMake package and a pkg-config file.
+include(CMakePackageConfigHelpers)
+
+install(TARGETS aldlib EXPORT aldlibTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(DIRECTORY aldlib/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/aldlib FILES_MATCHING PATTERN "*.h")
+install(EXPORT aldlibTargets NAMESPACE aldlib:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/aldlib)
+
+configure_package_config_file(cmake/aldlibConfig.cmake.in ${CMAKE_CURRENT_BINARY_DIR}/aldlibConfig.cmake
+        INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/aldlib)
+write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/aldlibConfigVersion.cmake
+        COMPATIBILITY SameMajorVersion)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/aldlibConfig.cmake
+              ${CMAKE_CURRENT_BINARY_DIR}/aldlibConfigVersion.cmake
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/aldlib)
+
+configure_file(cmake/aldlib.pc.in ${CMAKE_CURRENT_BINARY_DIR}/aldlib.pc @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/aldlib.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
