@@ -1,0 +1,139 @@
+#include "aldlib/arith/FixedDecimal.h"
+
+#include "aldlib/arith/Precision.h"
+
+// The value itself: constants, sign, order, and the constructors that can leave the range.
+// Everything here is constant-initialised, so that no order of static initialisation matters.
+namespace ald {
+
+namespace {
+
+constexpr CDecimal OneDigit(int nDigit, int nValue, std::uint8_t nSign = packed::kPositive) {
+  packed::Bytes bytes = packed::kZero;
+  packed::SetDigit(bytes, nDigit, nValue);
+  packed::SetSign(bytes, nSign);
+  return CDecimal::FromBytes(bytes);
+}
+
+// The product with a small factor, for the tables; the values are far below the limits.
+template <class TMath>
+constexpr TMath Times(const TMath& value, std::uint32_t nFactor) {
+  TMath result;
+  std::uint64_t nCarry = 0;
+  for (int i = 0; i < TMath::kWords; ++i) {
+    nCarry += std::uint64_t{value.m_aWords[i]} * nFactor;
+    result.m_aWords[i] = static_cast<std::uint32_t>(nCarry);
+    nCarry >>= 32;
+  }
+  return result;
+}
+
+template <class TMath>
+constexpr std::array<TMath, 47> PowersOf10(std::uint32_t nFactor) {
+  std::array<TMath, 47> aPowers{};
+  TMath power(1);
+  for (TMath& entry : aPowers) {
+    entry = Times(power, nFactor);
+    power = Times(power, 10);
+  }
+  return aPowers;
+}
+
+template <class TMath>
+constexpr std::array<std::array<TMath, 47>, 10> DigitTimesPowersOf10() {
+  std::array<std::array<TMath, 47>, 10> aRows{};
+  for (std::uint32_t nDigit = 0; nDigit < 10; ++nDigit) aRows[nDigit] = PowersOf10<TMath>(nDigit);
+  return aRows;
+}
+
+}  // namespace
+
+constinit CDecimal::CALWThreadData CDecimal::m_pTlsData_storage{&CDecimal::DefaultErrorHandler,
+                                                                DEC_OK, nullptr, 0, 0};
+constinit CDecimal::CALWThreadData* CDecimal::m_pTlsData = &CDecimal::m_pTlsData_storage;
+constinit bool CDecimal::ms_bInitialized = false;
+
+constexpr CDecimal CDecimal::ms_Zero = CDecimal();
+constexpr CDecimal CDecimal::ms_One = OneDigit(kDecimals, 1);
+constexpr CDecimal CDecimal::ms_MinusOne = OneDigit(kDecimals, 1, packed::kNegative);
+constexpr CDecimal CDecimal::ms_Five = OneDigit(kDecimals, 5);
+constexpr CDecimal CDecimal::ms_Ten = OneDigit(kDecimals + 1, 1);
+constexpr CDecimal CDecimal::ms_OneHundred = OneDigit(kDecimals + 2, 1);
+constexpr CDecimal CDecimal::ms_Smallest = OneDigit(0, 1);
+constexpr CDecimal CDecimal::ms_nMinValue = std::numeric_limits<CDecimal>::lowest();
+constexpr CDecimal CDecimal::ms_nMaxValue = std::numeric_limits<CDecimal>::max();
+constinit const CDecimal& CDecimal::ms_HalfCent = g_decHalfCent;
+
+constexpr CDecimal CDecimal::ms_anPowersOf10[kDigits] = {
+    OneDigit(0, 1),  OneDigit(1, 1),  OneDigit(2, 1),  OneDigit(3, 1),  OneDigit(4, 1),
+    OneDigit(5, 1),  OneDigit(6, 1),  OneDigit(7, 1),  OneDigit(8, 1),  OneDigit(9, 1),
+    OneDigit(10, 1), OneDigit(11, 1), OneDigit(12, 1), OneDigit(13, 1), OneDigit(14, 1),
+    OneDigit(15, 1), OneDigit(16, 1), OneDigit(17, 1), OneDigit(18, 1), OneDigit(19, 1),
+    OneDigit(20, 1), OneDigit(21, 1), OneDigit(22, 1)};
+constexpr CDecimal CDecimal::ms_anRoundAmount[kDigits] = {
+    OneDigit(0, 5),  OneDigit(1, 5),  OneDigit(2, 5),  OneDigit(3, 5),  OneDigit(4, 5),
+    OneDigit(5, 5),  OneDigit(6, 5),  OneDigit(7, 5),  OneDigit(8, 5),  OneDigit(9, 5),
+    OneDigit(10, 5), OneDigit(11, 5), OneDigit(12, 5), OneDigit(13, 5), OneDigit(14, 5),
+    OneDigit(15, 5), OneDigit(16, 5), OneDigit(17, 5), OneDigit(18, 5), OneDigit(19, 5),
+    OneDigit(20, 5), OneDigit(21, 5), OneDigit(22, 5)};
+constexpr std::array<CBigInt<160>, 47> CDecimal::ms_anMathPowersOf10 = PowersOf10<CBigInt<160>>(1);
+constexpr std::array<std::array<CBigInt<160>, 47>, 10> CDecimal::ms_anMathDigitToPower10 =
+    DigitTimesPowersOf10<CBigInt<160>>();
+
+void CDecimal::SetToOverflow(bool bNegative, std::uint64_t nMagnitude) {
+  MathType value = MathType(nMagnitude) * ms_anMathPowersOf10[kDecimals];
+  if (bNegative) value = -value;
+  *this = ms_nMaxValue;
+  InsertOrUpdateOverflowItem(DEC_OVERFLOW, this, value);
+  RaiseStatus(DEC_OVERFLOW, this);
+  if (bNegative) SetNegative();
+}
+
+void CDecimal::SetNegative() {
+  if (Compare(*this, ms_Zero) == 0) return;
+  packed::SetSign(m_aBytes, packed::kNegative);
+  COverflowItem* pItem = FindItem(this);
+  if (pItem != nullptr && pItem->m_MathValue > MathType::ms_Zero) {
+    pItem->m_MathValue = -pItem->m_MathValue;
+  }
+}
+
+void CDecimal::SetPositive() {
+  packed::SetSign(m_aBytes, packed::kPositive);
+  COverflowItem* pItem = FindItem(this);
+  if (pItem != nullptr && pItem->m_MathValue.IsNegative()) {
+    pItem->m_MathValue = -pItem->m_MathValue;
+  }
+}
+
+int CDecimal::Sign() const {
+  if (IsNegative()) return -1;
+  return IsZeroDigits() ? 0 : 1;
+}
+
+bool CDecimal::IsValid() const {
+  if (!ms_bInitialized) return true;
+  const std::uint8_t nSign = packed::GetSign(m_aBytes);
+  if (nSign != packed::kPositive && nSign != packed::kNegative) return false;
+  for (int i = 0; i < kDigits; ++i) {
+    if (packed::GetDigit(m_aBytes, i) > 9) return false;
+  }
+  return true;
+}
+
+int CDecimal::Compare(const CDecimal& a, const CDecimal& b) {
+  const bool bNegative = a.IsNegative();
+  if (bNegative != b.IsNegative()) return bNegative ? -1 : 1;
+  const packed::Bytes& low = bNegative ? b.m_aBytes : a.m_aBytes;
+  const packed::Bytes& high = bNegative ? a.m_aBytes : b.m_aBytes;
+  for (std::size_t i = 0; i + 1 < packed::kBytes; ++i) {
+    if (low[i] != high[i]) return low[i] < high[i] ? -1 : 1;
+  }
+  // The last decimal answers with its difference, which callers may see.
+  const int nDifference = packed::GetDigit(low, 0) - packed::GetDigit(high, 0);
+  if (nDifference != 0) return nDifference;
+  if (FindItem(&a) == nullptr && FindItem(&b) == nullptr) return 0;
+  return MathType::CompareSigned(a.toMathType(), b.toMathType());
+}
+
+}  // namespace ald
