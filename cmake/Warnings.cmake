@@ -10,3 +10,8 @@ target_compile_options(aldlib_warnings INTERFACE
 if(ALDLIB_SANITIZE)
   target_compile_options(aldlib_warnings INTERFACE -Wno-maybe-uninitialized)
 endif()
+
+# g++ 12 takes the assignment of a short literal to a std::string for an overlapping copy.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  target_compile_options(aldlib_warnings INTERFACE -Wno-restrict)
+endif()
