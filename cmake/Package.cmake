@@ -15,5 +15,8 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/aldlibConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/aldlibConfigVersion.cmake
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/aldlib)
 
+# Told from where the file lies, so that an installed tree can be moved; lib may be lib/ARCHITECTURE.
+file(RELATIVE_PATH aldlib_pc_to_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" aldlib_pc_to_prefix "${aldlib_pc_to_prefix}")
 configure_file(cmake/aldlib.pc.in ${CMAKE_CURRENT_BINARY_DIR}/aldlib.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/aldlib.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
