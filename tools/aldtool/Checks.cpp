@@ -1,0 +1,141 @@
+#include <iomanip>
+#include <iostream>
+#include <string>
+#include <string_view>
+
+#include "aldlib/arith/FixedDecimal.h"
+#include "aldlib/text/FixedString.h"
+#include "aldlib/text/IntegerText.h"
+#include "tools/aldtool/Commands.h"
+#include "tools/aldtool/TextFile.h"
+
+namespace aldtool {
+
+namespace {
+
+using ald::CDecimal;
+
+struct Cheque {
+  std::string_view sPayee;
+  CDecimal amount;
+  std::uint16_t nParts = 0;
+};
+
+// The exact value with two decimals at least: 1250.00, 61.374, 0.000000001.
+std::string Money(const CDecimal& value) {
+  const CDecimal::TextType text = value.toRawString(CDecimal::kDecimals);
+  std::string sText(text.view());
+  while (sText.ends_with('0') && sText.size() - sText.find('.') > 3) sText.pop_back();
+  return sText;
+}
+
+std::string ReadAmount(std::string_view sText, CDecimal& amount) {
+  const std::string sAmount(sText);
+  amount.fromRawString(sAmount.c_str());
+  const ald::DEC_STATUS eStatus = CDecimal::GetLastStatus();
+  if (eStatus != ald::DEC_OK) {
+    return "the amount '" + sAmount + "' cannot be read: " + ald::StatusName(eStatus);
+  }
+  const std::size_t nPoint = sAmount.find('.');
+  if (nPoint != std::string::npos && sAmount.size() - nPoint - 1 > CDecimal::kDecimals) {
+    return "the amount '" + sAmount + "' has more than 9 decimals";
+  }
+  return {};
+}
+
+std::string ReadParts(std::string_view sText, std::uint16_t& nParts) {
+  const std::string sParts(sText);
+  std::uint16_t nPosition = 0;
+  unsigned char bOk = 0;
+  const ald::CConstFixedStringParamRef text(sParts.c_str(),
+                                            static_cast<std::int32_t>(sParts.size()) + 1);
+  ald::StringToCard(text, &nPosition, &nParts, &bOk);
+  if (bOk == 0 || nPosition != sParts.size() || nParts == 0) {
+    return "the split count '" + sParts + "' is no whole number from 1 to 65535";
+  }
+  return {};
+}
+
+// Reads "payee; amount; split count". Returns what is wrong, or an empty text.
+std::string ReadCheque(std::string_view sLine, Cheque& cheque) {
+  std::string_view aFields[3];
+  int nFields = 0;
+  for (std::size_t nStart = 0; nStart <= sLine.size();) {
+    const std::size_t nEnd = std::min(sLine.find(';', nStart), sLine.size());
+    if (nFields < 3) aFields[nFields] = Trimmed(sLine.substr(nStart, nEnd - nStart));
+    ++nFields;
+    nStart = nEnd + 1;
+  }
+  if (nFields != 3) {
+    return "has " + std::to_string(nFields) + (nFields == 1 ? " field" : " fields") +
+           " where payee; amount; split count are wanted";
+  }
+  cheque.sPayee = aFields[0];
+  if (cheque.sPayee.empty()) return "the payee is missing";
+  std::string sTrouble = ReadAmount(aFields[1], cheque.amount);
+  if (sTrouble.empty()) sTrouble = ReadParts(aFields[2], cheque.nParts);
+  return sTrouble;
+}
+
+}  // namespace
+
+int RunChecks(const std::string& sPath) {
+  TextFile file;
+  ReadTextFile(sPath, file);
+  if (!file.sTrouble.empty()) {
+    std::cerr << "aldtool: " << sPath << ": " << file.sTrouble << '\n';
+    return kUnusable;
+  }
+
+  const auto row = [](auto line, std::string_view sPayee, std::string_view sAmount, auto parts,
+                      std::string_view sShare, std::string_view sTotal) {
+    std::cout << std::setw(5) << line << "  " << std::left << std::setw(32) << sPayee << std::right
+              << std::setw(24) << sAmount << std::setw(6) << parts << std::setw(24) << sShare
+              << std::setw(26) << sTotal;
+  };
+  CDecimal total;
+  int nGood = 0;
+  int nBad = 0;
+  int nPastTheLimit = 0;
+  for (std::size_t i = 0; i < file.lines.size(); ++i) {
+    const std::string_view sLine = Trimmed(file.lines[i]);
+    if (sLine.empty() || sLine.front() == '#') continue;
+    if (nGood + nBad == 0) {
+      row("line", "payee", "amount", "parts", "share", "running total");
+      std::cout << '\n';
+    }
+    Cheque cheque;
+    const std::string sTrouble = ReadCheque(sLine, cheque);
+    if (!sTrouble.empty()) {
+      ++nBad;
+      std::cout << std::setw(5) << i + 1 << "  ! " << sTrouble << '\n';
+      continue;
+    }
+    ++nGood;
+    total += cheque.amount;
+    const bool bPastTheLimit = ald::IsOverflow(CDecimal::GetLastStatus());
+    const CDecimal share = cheque.amount / CDecimal(cheque.nParts);
+    row(i + 1, cheque.sPayee, Money(cheque.amount), cheque.nParts, Money(share), Money(total));
+    std::cout << (bPastTheLimit ? " *\n" : "\n");
+    nPastTheLimit += bPastTheLimit ? 1 : 0;
+  }
+
+  if (nGood + nBad == 0) {
+    std::cerr << "aldtool: " << sPath << ": holds no cheque, only comments and empty lines.\n";
+    return kUnusable;
+  }
+  std::cout << '\n';
+  if (nPastTheLimit != 0) {
+    std::cout << "* past the limit of " << Money(CDecimal::ms_nMaxValue)
+              << " that a stored amount has; the exact value is kept.\n";
+  }
+  std::cout << "Total of " << nGood << (nGood == 1 ? " cheque: " : " cheques: ") << Money(total)
+            << '\n';
+  if (nBad != 0) {
+    std::cout << nBad << (nBad == 1 ? " line was" : " lines were")
+              << " not good and not counted.\n";
+  }
+  return nBad == 0 ? kGood : kBadLines;
+}
+
+}  // namespace aldtool

@@ -1,0 +1,30 @@
+#include <CLI/CLI.hpp>
+#include <string>
+
+#include "tools/aldtool/Commands.h"
+
+// aldtool shows the library at work on real input.
+int main(int nArguments, char** pszArguments) {
+  CLI::App app("Exact amounts at the command line.", "aldtool");
+  app.require_subcommand(1);
+
+  std::string sPath;
+  CLI::App* pChecks = app.add_subcommand(
+      "checks",
+      "Read a list of cheques: print each amount, its share and the running total.\n"
+      "A line holds payee; amount; split count. '#' starts a comment line.\n"
+      "Ends with 0 if every line was good, 1 if some were not, 2 if the file is of no use.");
+  pChecks->add_option("FILE", sPath, "The list, such as examples/checks/march.txt")->required();
+
+  std::string sExpression;
+  CLI::App* pCalc = app.add_subcommand(
+      "calc",
+      "Evaluate an expression of + - * / and parentheses, exactly to nine decimals.\n"
+      "Prints the value and the status of the last operation. Division by zero gives 0.");
+  pCalc->add_option("EXPRESSION", sExpression, "Such as '12.50 * 3 / 7'")->required();
+  // An expression may start with a minus.
+  pCalc->allow_extras(false)->prefix_command(false);
+
+  CLI11_PARSE(app, nArguments, pszArguments);
+  return pChecks->parsed() ? aldtool::RunChecks(sPath) : aldtool::RunCalc(sExpression);
+}
