@@ -1,0 +1,32 @@
+#pragma once
+
+#include "aldlib/platform/Export.h"
+#include "aldlib/platform/Locale.h"
+#include "aldlib/platform/Machine.h"
+#include "aldlib/platform/Resources.h"
+
+namespace ald {
+
+// The system beneath the library, one reference for each port. The ports' own headers say what each
+// of them promises.
+struct Platform {
+  Resources& resources;
+  Machine& machine;
+  Locale& locale;
+};
+
+// Returns the platform in use: the installed one, or else the system's own. Answers at any time,
+// also before the first static initialiser of the process and after exit has begun.
+ALDLIB_EXPORT const Platform& CurrentPlatform();
+
+// Puts another platform in place: a test's fakes, a host's own backends. Null puts the system's own
+// back. The caller keeps the platform and its ports alive while they are installed. What the
+// library got from a platform (handles, atoms) means nothing to another one, so a host installs
+// before it uses the library, and a test unloads the library first.
+ALDLIB_EXPORT void InstallPlatform(const Platform* pPlatform);
+
+// Hands a module's texts to the platform in use and returns the module's handle, for
+// RegisterInstanceForStringSearch; 0 if there is no room.
+ALDLIB_EXPORT ModuleHandle RegisterStringModule(StringTable strings);
+
+}  // namespace ald
