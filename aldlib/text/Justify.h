@@ -16,8 +16,7 @@ constexpr std::int16_t kJustifyRight = 2;
 // Brings the text to nWidth characters, or to size - 1 if that is less: a shorter one is padded,
 // a longer one cut. Any other form cuts but does not pad. A negative width counts as 0.
 //   "ab" to 5:   left "ab   "   center " ab  "   right "   ab"
-// Unlike the other routines this one cleans nothing behind the new terminator, so a caller who
-// stores a zero further on keeps what stands there.
+// Unlike the other routines this one leaves the bytes behind the new terminator as they were.
 ALDLIB_EXPORT void Justify(CFixedStringParamRef ref, std::int32_t nWidth,
                            std::int16_t nForm) noexcept;
 ALDLIB_EXPORT void JustifyLeft(CFixedStringParamRef ref, std::int32_t nWidth) noexcept;

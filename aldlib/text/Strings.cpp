@@ -5,6 +5,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "aldlib/frame/MemStore.h"
 #include "aldlib/platform/Characters.h"
 #include "aldlib/text/BufferText.h"
 #include "aldlib/text/IntegerText.h"
@@ -182,6 +183,16 @@ bool IsInteger(const char* szText) noexcept {
 
 bool IsPseudoNumber(const char* szText) noexcept {
   return szText != nullptr && *szText != '\0';
+}
+
+char* ALW_strdup(const char* szText) {
+  const std::string_view sText = internal::ViewOrEmpty(szText);
+  if (sText.size() >= UINT32_MAX) return nullptr;
+  void* pBlock = nullptr;
+  const auto nSize = static_cast<std::uint32_t>(sText.size() + 1);
+  if (_CppAllocate(&pBlock, nSize, "Strings.cpp", __LINE__) == 0) return nullptr;
+  if (!sText.empty()) std::memcpy(pBlock, sText.data(), sText.size());  // the block is zeroed
+  return static_cast<char*>(pBlock);
 }
 
 }  // namespace ald

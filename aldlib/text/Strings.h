@@ -55,8 +55,8 @@ ALDLIB_EXPORT void Delete(CFixedStringParamRef ref, std::int32_t nPosition,
                                                      const char* szSearched) noexcept;
 
 // -1, 0 or 1, by the first byte that differs; the end of a text takes part as a zero. Bytes count
-// as signed, the order in which records are kept: a character above 127 sorts before every plain
-// one and before the end of a shorter text.
+// as signed, so a character above 127 sorts before every plain one and before the end of a shorter
+// text.
 [[nodiscard]] ALDLIB_EXPORT int CompareStr(const char* szFirst, const char* szSecond) noexcept;
 // The same after raising a to z; accented letters keep their case.
 [[nodiscard]] ALDLIB_EXPORT int CompareStrNoCase(const char* szFirst,
@@ -95,6 +95,10 @@ ALDLIB_EXPORT void FixPrefix(CFixedStringParamRef ref) noexcept;
 [[nodiscard]] ALDLIB_EXPORT bool IsInteger(const char* szText) noexcept;
 // True if the text is not empty, whatever it holds. Callers use it where a field may be left blank.
 [[nodiscard]] ALDLIB_EXPORT bool IsPseudoNumber(const char* szText) noexcept;
+
+// A copy of szText from the memory store, to be freed with _RealDeAllocate; null if there is no
+// memory, which the store has told the user by then.
+[[nodiscard]] ALDLIB_EXPORT char* ALW_strdup(const char* szText);
 
 // Copies nCount characters of szText from nStart on, both within the characters of szText that the
 // buffer can hold: the text is cut before it is looked at.
