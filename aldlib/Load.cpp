@@ -1,1 +1,83 @@
 // The one file that knows every floor of the library.
+#include "aldlib/Load.h"
+
+#include "aldlib/frame/Alderlib.h"
+#include "aldlib/frame/LibraryState.h"
+#include "aldlib/frame/LibraryStrings.h"
+#include "aldlib/frame/WindowMemory.h"
+
+namespace ald {
+namespace {
+
+constexpr std::int16_t kOwnSearchOrder = 9;
+
+// Reads the user's regional number and date settings into the exported variables. Nothing reads
+// them yet: the variables keep their defaults.
+void ReadRegionalSettings() {}
+
+// Ends every folder search that is still open. There is nothing yet that opens one.
+void CloseOpenSearches() {}
+
+int Load(ModuleHandle hModule) {
+  if (!CurrentPlatform().resources.AttachExtension(hModule)) return 0;
+  KeepLibraryHandle(hModule);
+  StartWindowMemory();
+  LibraryRecord() = {};
+  RequirePerInstanceData(hModule, ModuleId::AlderLib, &LibraryRecord());
+  AddWindowAtoms();
+  ReadRegionalSettings();
+  RegisterInstanceForStringSearch(hModule, kOwnSearchOrder);
+  return 1;
+}
+
+void Unload(ModuleHandle hModule) {
+  CurrentPlatform().resources.ReleaseExtension(hModule);
+  DeleteWindowAtoms();
+  ReleaseInstanceTable();
+  EndWindowMemory();
+  CloseOpenSearches();
+}
+
+// The module that stands for the library on the platform in use.
+constinit ModuleHandle g_hOwnModule{};
+
+int LoadOwnModule() {
+  g_hOwnModule = RegisterStringModule(LibraryStringTable());
+  return AlderLibEntry(g_hOwnModule, kProcessAttach, nullptr);
+}
+
+void UnloadOwnModule() {
+  AlderLibEntry(g_hOwnModule, kProcessDetach, nullptr);
+  CurrentPlatform().resources.RemoveModule(g_hOwnModule);
+}
+
+// The process taking the library in and letting it go. All state of the library is constant-
+// initialised or built on first use and never destroyed, so no order of initialisers matters here.
+[[gnu::constructor]] void OnProcessAttach() {
+  LoadOwnModule();
+}
+[[gnu::destructor]] void OnProcessDetach() {
+  UnloadOwnModule();
+}
+
+}  // namespace
+
+int AlderLibEntry(ModuleHandle hModule, std::uint32_t nReason, void*) {
+  switch (nReason) {
+    case kProcessAttach:
+      return Load(hModule);
+    case kProcessDetach:
+      Unload(hModule);
+      return 1;
+    default:
+      return 1;
+  }
+}
+
+int MoveToPlatform(const Platform* pPlatform) {
+  UnloadOwnModule();
+  InstallPlatform(pPlatform);
+  return LoadOwnModule();
+}
+
+}  // namespace ald

@@ -21,7 +21,7 @@ extern ALDLIB_EXPORT CFixedString<2> DecimalPoint;
 extern ALDLIB_EXPORT CFixedString<5> CurrencySign;               // "$"
 extern ALDLIB_EXPORT const CFixedString<15> cs14QuestionMarks;   // a number too long for its field
 extern ALDLIB_EXPORT const CFixedString<16> CashBasisAccountID;  // "<Cash Basis>"
-extern ALDLIB_EXPORT const CFixedString<161> SZ_TILDAS;          // 160 tildes, above any key
+extern ALDLIB_EXPORT const CFixedString<161> SZ_TILDAS;          // 160 tildes
 extern ALDLIB_EXPORT const CFixedString<33> WinAppName;          // "Alderfell Accounting"
 extern ALDLIB_EXPORT const CFixedString<9> WinProgName;          // "ALDERW"
 

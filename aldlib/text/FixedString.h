@@ -71,6 +71,14 @@ template <int N>
 class CFixedString;
 struct CConstFixedStringParamRef;
 
+// CFixedString, CPathNameString, CFixedStringParamRef, CConstFixedStringParamRef and
+// CDynamicHeapFixedString.
+template <typename T>
+concept FixedText = std::is_class_v<T> && requires(const T& text) {
+  { text.view() } -> std::same_as<std::string_view>;
+  { text.GetSize() } -> std::same_as<std::int32_t>;
+};
+
 namespace internal {
 
 // An index outside [0, nSize) becomes the last byte, which is the terminator of a full text.
@@ -99,6 +107,21 @@ template <std::integral Index>
   return IsNull(szText) ? std::string_view() : std::string_view(szText);
 }
 
+// As sstrcpy, of a text that may lack its terminator.
+constexpr void CopyText(char* szDestination, std::int32_t nSize, std::string_view sText) noexcept {
+  if (nSize < 1 || IsNull(szDestination)) return;
+  sText = sText.substr(0, static_cast<std::size_t>(nSize) - 1);
+  if (std::is_constant_evaluated()) {
+    for (std::size_t i = 0; i < static_cast<std::size_t>(nSize); ++i) {
+      szDestination[i] = i < sText.size() ? sText[i] : '\0';
+    }
+    return;
+  }
+  if (szDestination == sText.data()) return;
+  if (!sText.empty()) std::memmove(szDestination, sText.data(), sText.size());
+  std::memset(szDestination + sText.size(), 0, static_cast<std::size_t>(nSize) - sText.size());
+}
+
 }  // namespace internal
 
 // A writable fixed string on its way to a routine: where it is and how large. Passed by value; the
@@ -121,10 +144,15 @@ struct ALDLIB_EXPORT CFixedStringParamRef {
   constexpr CFixedStringParamRef& operator=(const CFixedStringParamRef&) noexcept = default;
 
   // Copies the characters, cut at size - 1, and zeroes the rest of the buffer.
-  constexpr CFixedStringParamRef& operator=(const char* szText) noexcept;
-  constexpr CFixedStringParamRef& operator=(const CConstFixedStringParamRef& text) noexcept;
-  template <int N>
-  constexpr CFixedStringParamRef& operator=(const CFixedString<N>& sText) noexcept;
+  constexpr CFixedStringParamRef& operator=(const char* szText) noexcept {
+    sstrcpy(buffer, szText, size);
+    return *this;
+  }
+  template <FixedText T>
+  constexpr CFixedStringParamRef& operator=(const T& text) noexcept {
+    internal::CopyText(buffer, size, text.view());
+    return *this;
+  }
 
   constexpr operator char*() const noexcept { return buffer; }
 
@@ -182,10 +210,10 @@ struct ALDLIB_EXPORT CConstFixedStringParamRef {
   template <std::size_t Size>
   constexpr CConstFixedStringParamRef(const char (&szText)[Size]) noexcept
       : buffer(szText), size(static_cast<std::int32_t>(Size)) {}
-  template <int N>
-  constexpr CConstFixedStringParamRef(const CFixedString<N>& sText) noexcept;
-  constexpr CConstFixedStringParamRef(const CFixedStringParamRef& ref) noexcept
-      : buffer(ref.buffer), size(ref.size) {}
+  // All of another fixed text.
+  template <FixedText T>
+  constexpr CConstFixedStringParamRef(const T& text) noexcept
+      : buffer(text), size(text.GetSize()) {}
 
   constexpr operator const char*() const noexcept { return buffer; }
 
@@ -212,33 +240,21 @@ class ALDLIB_EXPORT CFixedString {
   constexpr CFixedString() noexcept = default;
   // As sstrcpy: null counts as empty, the text is cut at N-1 characters, the tail is zeroed.
   constexpr CFixedString(const char* szText) noexcept { sstrcpy(m_szText, szText, N); }
-  // The text of another fixed string or reference, read no further than that one's size.
-  template <int M>
-  requires(M != N) constexpr explicit CFixedString(const CFixedString<M>& sText) noexcept {
-    *this = sText;
-  }
-  constexpr explicit CFixedString(const CConstFixedStringParamRef& text) noexcept {
-    CFixedStringParamRef(*this) = text;
-  }
-  constexpr explicit CFixedString(const CFixedStringParamRef& text) noexcept {
-    CFixedStringParamRef(*this) = CConstFixedStringParamRef(text);
+  // Another kind of fixed text, read no further than its size.
+  template <FixedText T>
+  requires(!std::derived_from<T, CFixedString>) constexpr explicit CFixedString(
+      const T& text) noexcept {
+    internal::CopyText(m_szText, N, text.view());
   }
 
   constexpr CFixedString& operator=(const char* szText) noexcept {
     sstrcpy(m_szText, szText, N);
     return *this;
   }
-  template <int M>
-  requires(M != N) constexpr CFixedString& operator=(const CFixedString<M>& sText) noexcept {
-    CFixedStringParamRef(*this) = CConstFixedStringParamRef(sText);
-    return *this;
-  }
-  constexpr CFixedString& operator=(const CConstFixedStringParamRef& text) noexcept {
-    CFixedStringParamRef(*this) = text;
-    return *this;
-  }
-  constexpr CFixedString& operator=(const CFixedStringParamRef& text) noexcept {
-    CFixedStringParamRef(*this) = CConstFixedStringParamRef(text);
+  template <FixedText T>
+  requires(!std::derived_from<T, CFixedString>) constexpr CFixedString& operator=(
+      const T& text) noexcept {
+    internal::CopyText(m_szText, N, text.view());
     return *this;
   }
 
@@ -296,27 +312,18 @@ class ALDLIB_EXPORT CPathNameString : public CFixedString<260> {
  public:
   constexpr CPathNameString() noexcept = default;
   constexpr CPathNameString(const char* szText) noexcept : CFixedString(szText) {}
-  template <int M>
-  constexpr explicit CPathNameString(const CFixedString<M>& sText) noexcept : CFixedString(sText) {}
-  constexpr explicit CPathNameString(const CConstFixedStringParamRef& text) noexcept
-      : CFixedString(text) {}
-  constexpr explicit CPathNameString(const CFixedStringParamRef& text) noexcept
+  template <FixedText T>
+  requires(!std::derived_from<T, CPathNameString>) constexpr explicit CPathNameString(
+      const T& text) noexcept
       : CFixedString(text) {}
 
   constexpr CPathNameString& operator=(const char* szText) noexcept {
     CFixedString::operator=(szText);
     return *this;
   }
-  template <int M>
-  constexpr CPathNameString& operator=(const CFixedString<M>& sText) noexcept {
-    CFixedString::operator=(sText);
-    return *this;
-  }
-  constexpr CPathNameString& operator=(const CConstFixedStringParamRef& text) noexcept {
-    CFixedString::operator=(text);
-    return *this;
-  }
-  constexpr CPathNameString& operator=(const CFixedStringParamRef& text) noexcept {
+  template <FixedText T>
+  requires(!std::derived_from<T, CPathNameString>) constexpr CPathNameString& operator=(
+      const T& text) noexcept {
     CFixedString::operator=(text);
     return *this;
   }
@@ -336,53 +343,11 @@ template <int N>
 constexpr CFixedStringParamRef::CFixedStringParamRef(CFixedString<N>& sText) noexcept
     : buffer(sText), size(N) {}
 
-template <int N>
-constexpr CConstFixedStringParamRef::CConstFixedStringParamRef(
-    const CFixedString<N>& sText) noexcept
-    : buffer(sText), size(N) {}
-
-constexpr CFixedStringParamRef& CFixedStringParamRef::operator=(const char* szText) noexcept {
-  sstrcpy(buffer, szText, size);
-  return *this;
-}
-
-constexpr CFixedStringParamRef& CFixedStringParamRef::operator=(
-    const CConstFixedStringParamRef& text) noexcept {
-  if (size < 1 || internal::IsNull(buffer)) return *this;
-  // The source may lack its terminator, so its size bounds the copy too.
-  const std::string_view sText = text.view().substr(0, static_cast<std::size_t>(size) - 1);
-  const auto nLength = static_cast<std::int32_t>(sText.size());
-  if (std::is_constant_evaluated()) {
-    for (std::int32_t i = 0; i < nLength; ++i) buffer[i] = text.buffer[i];
-    for (std::int32_t i = nLength; i < size; ++i) buffer[i] = '\0';
-    return *this;
-  }
-  if (buffer == text.buffer) return *this;
-  if (nLength != 0) std::memmove(buffer, sText.data(), sText.size());
-  std::memset(buffer + nLength, 0, static_cast<std::size_t>(size - nLength));
-  return *this;
-}
-
-template <int N>
-constexpr CFixedStringParamRef& CFixedStringParamRef::operator=(
-    const CFixedString<N>& sText) noexcept {
-  return *this = CConstFixedStringParamRef(sText);
-}
-
 // Comparing, hashing and printing, for the C++ caller.
 //
 // `==` and `<=>` compare the texts by their bytes as unsigned numbers, so they agree with the order
-// of std::string and with std::hash. CompareStr, the order of the company's records, takes bytes as
-// signed: there a character above 127 sorts before every plain one and before the end of a shorter
-// text.
-
-// CFixedString, CPathNameString, CFixedStringParamRef, CConstFixedStringParamRef and
-// CDynamicHeapFixedString.
-template <typename T>
-concept FixedText = std::is_class_v<T> && requires(const T& text) {
-  { text.view() } -> std::same_as<std::string_view>;
-  { text.GetSize() } -> std::same_as<std::int32_t>;
-};
+// of std::string and with std::hash. CompareStr takes bytes as signed: there a character above 127
+// sorts before every plain one and before the end of a shorter text.
 
 template <FixedText A, FixedText B>
 [[nodiscard]] constexpr bool operator==(const A& a, const B& b) noexcept {

@@ -1,5 +1,4 @@
-#include <new>
-
+#include "aldlib/platform/NeverDestroyed.h"
 #include "aldlib/platform/SystemPlatform.h"
 #include "aldlib/platform/TableResources.h"
 #include "aldlib/platform/posix/PosixLocale.h"
@@ -17,12 +16,9 @@ struct Ports {
 
 }  // namespace
 
-// Built in place on the first call, whichever static initialiser makes it, and never destroyed: the
-// library's unloading and a host's exit handlers still find it.
 const Platform& SystemPlatform() {
-  alignas(Ports) static unsigned char s_storage[sizeof(Ports)];
-  static const Ports* const s_pPorts = new (s_storage) Ports;
-  return s_pPorts->platform;
+  static const NeverDestroyed<Ports> s_ports;
+  return (*s_ports).platform;
 }
 
 }  // namespace ald
