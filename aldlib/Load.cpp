@@ -1,6 +1,7 @@
 // The one file that knows every floor of the library.
 #include "aldlib/Load.h"
 
+#include "aldlib/arith/FixedDecimal.h"
 #include "aldlib/frame/Alderlib.h"
 #include "aldlib/frame/LibraryState.h"
 #include "aldlib/frame/LibraryStrings.h"
@@ -19,6 +20,7 @@ void ReadRegionalSettings() {}
 void CloseOpenSearches() {}
 
 int Load(ModuleHandle hModule) {
+  CDecimal::Initialize();
   if (!CurrentPlatform().resources.AttachExtension(hModule)) return 0;
   KeepLibraryHandle(hModule);
   StartWindowMemory();

@@ -204,6 +204,8 @@ class ALDLIB_EXPORT CFixedDecimal<23, 9> {
   // Canonical text with that many decimals, rounded half away from zero; a negative number rounds
   // before the point. An out-of-range value prints its true digits, at most 45 characters.
   TextType toRawString(int nDecimals) const;
+  // Canonical text of the exact value without trailing zeros: "12.5", "-3".
+  TextType toExactString() const;
 
   // Rounds at the ninth decimal, so that 0.1 gives 0.1. NaN and infinities give 0.
   CFixedDecimal& fromDouble(double value);

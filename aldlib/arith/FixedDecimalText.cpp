@@ -146,6 +146,15 @@ CFixedString<46> CDecimal::toRawString(int nDecimals) const {
   return text;
 }
 
+CFixedString<46> CDecimal::toExactString() const {
+  TextType text = toRawString(kDecimals);
+  const std::string_view sText = text.view();
+  std::size_t nLength = sText.find_last_not_of('0') + 1;
+  if (sText[nLength - 1] == '.') --nLength;
+  std::fill(text + nLength, text + sText.size(), '\0');
+  return text;
+}
+
 std::ostream& operator<<(std::ostream& stream, const CDecimal& value) {
   if ((stream.flags() & std::ios_base::floatfield) == std::ios_base::fixed) {
     const DEC_STATUS eLastStatus = CDecimal::GetLastStatus();
@@ -154,11 +163,7 @@ std::ostream& operator<<(std::ostream& stream, const CDecimal& value) {
     CDecimal::m_pTlsData->m_eLastStatus = eLastStatus;
     return stream << text.view();
   }
-  const auto text = value.toRawString(CDecimal::kDecimals);
-  std::string_view sText = text.view();
-  sText = sText.substr(0, sText.find_last_not_of('0') + 1);
-  if (sText.ends_with('.')) sText.remove_suffix(1);
-  return stream << sText;
+  return stream << value.toExactString().view();
 }
 
 }  // namespace ald

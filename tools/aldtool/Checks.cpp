@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <iomanip>
 #include <iostream>
 #include <string>
@@ -23,9 +24,9 @@ struct Cheque {
 
 // The exact value with two decimals at least: 1250.00, 61.374, 0.000000001.
 std::string Money(const CDecimal& value) {
-  const CDecimal::TextType text = value.toRawString(CDecimal::kDecimals);
-  std::string sText(text.view());
-  while (sText.ends_with('0') && sText.size() - sText.find('.') > 3) sText.pop_back();
+  std::string sText(value.toExactString().view());
+  if (sText.find('.') == std::string::npos) sText += '.';
+  while (sText.size() - sText.find('.') < 3) sText += '0';
   return sText;
 }
 
@@ -90,8 +91,8 @@ int RunChecks(const std::string& sPath) {
   const auto row = [](auto line, std::string_view sPayee, std::string_view sAmount, auto parts,
                       std::string_view sShare, std::string_view sTotal) {
     std::cout << std::setw(5) << line << "  " << std::left << std::setw(32) << sPayee << std::right
-              << std::setw(24) << sAmount << std::setw(6) << parts << std::setw(24) << sShare
-              << std::setw(26) << sTotal;
+              << std::setw(24) << sAmount << std::setw(7) << parts << std::setw(26) << sShare
+              << std::setw(27) << sTotal;
   };
   CDecimal total;
   int nGood = 0;

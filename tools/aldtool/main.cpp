@@ -1,5 +1,8 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "tools/aldtool/Commands.h"
 
@@ -22,9 +25,18 @@ int main(int nArguments, char** pszArguments) {
       "Evaluate an expression of + - * / and parentheses, exactly to nine decimals.\n"
       "Prints the value and the status of the last operation. Division by zero gives 0.");
   pCalc->add_option("EXPRESSION", sExpression, "Such as '12.50 * 3 / 7'")->required();
-  // An expression may start with a minus.
-  pCalc->allow_extras(false)->prefix_command(false);
 
-  CLI11_PARSE(app, nArguments, pszArguments);
+  // The parser would take an expression that starts with a minus for an option.
+  std::vector<std::string> arguments(pszArguments + 1, pszArguments + nArguments);
+  if (arguments.size() == 2 && arguments[0] == "calc" && arguments[1] != "-h" &&
+      arguments[1] != "--help") {
+    arguments.insert(arguments.begin() + 1, "--");
+  }
+  std::reverse(arguments.begin(), arguments.end());  // as the parser wants them
+  try {
+    app.parse(std::move(arguments));
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error);
+  }
   return pChecks->parsed() ? aldtool::RunChecks(sPath) : aldtool::RunCalc(sExpression);
 }

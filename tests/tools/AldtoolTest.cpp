@@ -1,0 +1,138 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+
+struct Outcome {
+  int nStatus = -1;
+  std::string sOutput;  // both streams, in the order of writing
+};
+
+Outcome RunAldtool(const std::string& sArguments) {
+  Outcome outcome;
+  std::FILE* pPipe = popen((ALDTOOL " " + sArguments + " 2>&1").c_str(), "r");
+  if (pPipe == nullptr) return outcome;
+  char aBuffer[4096];
+  std::size_t nRead = 0;
+  while ((nRead = std::fread(aBuffer, 1, sizeof aBuffer, pPipe)) > 0) {
+    outcome.sOutput.append(aBuffer, nRead);
+  }
+  const int nWait = pclose(pPipe);
+  if (WIFEXITED(nWait)) outcome.nStatus = WEXITSTATUS(nWait);
+  return outcome;
+}
+
+Outcome RunChecksOn(const std::string& sContents) {
+  const std::filesystem::path path =
+      std::filesystem::path(testing::TempDir()) /
+      (std::string(testing::UnitTest::GetInstance()->current_test_info()->name()) + ".txt");
+  std::ofstream(path, std::ios::binary) << sContents;
+  Outcome outcome = RunAldtool("checks '" + path.string() + "'");
+  std::filesystem::remove(path);
+  return outcome;
+}
+
+TEST(Calc, EvaluatesByTheUsualPrecedence) {
+  const struct {
+    const char* szExpression;
+    const char* szOutput;
+    int nStatus;
+  } rows[] = {
+      {"'12.50 * 3 / 7'", "5.357142857  DEC_OK\n", 0},
+      {"'2 + 3 * (4 - 1)'", "11  DEC_OK\n", 0},
+      {"'-3 - -(.5)'", "-2.5  DEC_OK\n", 0},
+      {"'-7'", "-7  DEC_OK\n", 0},
+      {"'5 / 0'", "0  DEC_OK\n", 0},
+      {"'99999999999999.5 + 1 - 2'", "99999999999998.5  DEC_OK\n", 0},
+      {"'99999999999999 + 5'", "100000000000004  DEC_OVERFLOW\n", 1},
+      {"'0.000000001 * 0.1'", "0  DEC_UNDERFLOW\n", 1},
+  };
+  for (const auto& row : rows) {
+    const Outcome outcome = RunAldtool(std::string("calc ") + row.szExpression);
+    EXPECT_EQ(outcome.sOutput, row.szOutput) << row.szExpression;
+    EXPECT_EQ(outcome.nStatus, row.nStatus) << row.szExpression;
+  }
+}
+
+TEST(Calc, PointsAtWhatItCannotRead) {
+  const struct {
+    std::string sExpression;
+    const char* szTrouble;
+  } rows[] = {
+      {"2 * (3 + x)", "a number is wanted here:\n  2 * (3 + x)\n           ^\n"},
+      {"2 3", "an operator is wanted here"},
+      {"(2", "a closing parenthesis is wanted here"},
+      {"1.2.3", "DEC_BAD_FORMAT"},
+      {"", "a number is wanted here"},
+      {"1e5", "an operator is wanted here"},
+      {std::string(100000, '('), "nested too deep"},
+  };
+  for (const auto& row : rows) {
+    const Outcome outcome = RunAldtool("calc '" + row.sExpression + "'");
+    EXPECT_THAT(outcome.sOutput, HasSubstr(row.szTrouble));
+    EXPECT_EQ(outcome.nStatus, 2) << row.sExpression.substr(0, 40);
+  }
+}
+
+TEST(Checks, CarriesTheRunningTotalThroughTheLimitAndBack) {
+  const Outcome outcome = RunAldtool("checks " EXAMPLES "/checks/march.txt");
+  EXPECT_EQ(outcome.nStatus, 0);
+  EXPECT_THAT(outcome.sOutput, HasSubstr("245000000021983.114915118 *\n"));
+  EXPECT_THAT(outcome.sOutput, EndsWith("Total of 44 cheques: 22148.604915118\n"));
+}
+
+TEST(Checks, NamesEveryBadLineAndItsStatusAndCountsTheGoodOnes) {
+  const Outcome outcome = RunAldtool("checks " EXAMPLES "/checks/damaged.txt");
+  EXPECT_EQ(outcome.nStatus, 1);
+  for (const char* szLine :
+       {"    8  ! the amount 'twelve' cannot be read: DEC_BAD_FORMAT\n",
+        "   10  ! the amount '12,50' cannot be read: DEC_TRUNCATED\n",
+        "   15  ! the amount '' cannot be read: DEC_EMPTY\n",
+        "   25  ! the split count '0' is no whole number from 1 to 65535\n",
+        "   30  ! the amount '123456789012345.00' cannot be read: DEC_TEXT_OVERFLOW\n"}) {
+    EXPECT_THAT(outcome.sOutput, HasSubstr(szLine));
+  }
+  EXPECT_THAT(outcome.sOutput, HasSubstr("Total of 3 cheques: -647.55\n15 lines were not good"));
+}
+
+TEST(Checks, RefusesWhatIsNoListOfChequesWithoutPrintingPartOfIt) {
+  const struct {
+    std::string sContents;
+    const char* szTrouble;
+  } rows[] = {
+      {"", "is empty"},
+      {"# nothing\n\n", "holds no cheque"},
+      {"A;1;1\n" + std::string(1 << 20, 'x') + ";1;1\n", "line 2 is longer than 1000 characters"},
+      {std::string("A;1;1\n\0\x01\x02", 9), "line 2 holds a control character"},
+  };
+  for (const auto& row : rows) {
+    const Outcome outcome = RunChecksOn(row.sContents);
+    EXPECT_THAT(outcome.sOutput, HasSubstr(row.szTrouble));
+    EXPECT_THAT(outcome.sOutput, Not(HasSubstr("running total"))) << row.szTrouble;
+    EXPECT_EQ(outcome.nStatus, 2) << row.szTrouble;
+  }
+  const Outcome missing = RunAldtool("checks " EXAMPLES "/checks/april.txt");
+  EXPECT_THAT(missing.sOutput, HasSubstr("cannot be opened: No such file or directory"));
+  EXPECT_EQ(missing.nStatus, 2);
+  const Outcome folder = RunAldtool("checks " EXAMPLES);
+  EXPECT_THAT(folder.sOutput, HasSubstr("is a folder"));
+  EXPECT_EQ(folder.nStatus, 2);
+}
+
+TEST(Checks, ReadsLinesThatEndInTheOldWay) {
+  const Outcome outcome = RunChecksOn("A; 1.50; 1\r\nB; 2.25; 2");
+  EXPECT_EQ(outcome.nStatus, 0);
+  EXPECT_THAT(outcome.sOutput, EndsWith("Total of 2 cheques: 3.75\n"));
+}
+
+}  // namespace
