@@ -123,6 +123,7 @@ TEST(FixedString, ReplacesAllAsRepeatedDeletingAndInsertingWould) {
       ++nExpected;
     }
     GuardedBuffer buffer(nSize, sBefore);
+    if (nExpected != 0) buffer.Soil();
     EXPECT_EQ(buffer.Ref().ReplaceAll(sOld.c_str(), sNew.c_str()), nExpected);
     ASSERT_EQ(buffer.CleanText(), sExpected) << sBefore << ": " << sOld << " -> " << sNew;
   }
@@ -154,10 +155,14 @@ TEST(DynamicHeapFixedString, KeepsItsTextBehindAWordWithItsSize) {
 }
 
 TEST(DynamicHeapFixedString, StaysEmptyWithoutABuffer) {
-  CDynamicHeapFixedString sText(-1);
-  sText = "a memo";
-  EXPECT_EQ(sText, "");
-  EXPECT_EQ(sText.buffer, nullptr);
+  for (const std::int32_t nSize : {-1, 0, 100}) {
+    FailAllocation(1);
+    CDynamicHeapFixedString sText(nSize);
+    FailAllocation(0);
+    sText = "a memo";
+    EXPECT_EQ(sText, "");
+    EXPECT_EQ(sText.buffer, nullptr);
+  }
 }
 
 TEST(Constants, HoldTheSharedTexts) {

@@ -47,6 +47,10 @@ class GuardedBuffer {
   CFixedStringParamRef Ref() { return {Start(), static_cast<std::int32_t>(m_nSize)}; }
   std::string Text() { return std::string(Ref().view()); }
   std::string Bytes() { return std::string(Start(), m_nSize); }
+  // Leaves old bytes behind the terminator, as a cut without cleaning does.
+  void Soil() {
+    for (std::size_t i = Text().size() + 1; i + 1 < m_nSize; ++i) Start()[i] = '#';
+  }
   // The text, for a routine that must have zeroed everything behind it; a mark in it if not.
   std::string CleanText() {
     const std::string sText = Text();
