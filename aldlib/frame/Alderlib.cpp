@@ -19,6 +19,11 @@ struct Registry {
 constinit AlderLibDataType g_record{};
 constinit Registry g_registry{};
 constinit ModuleHandle g_hLibrary{};
+
+// The search list that was made here, and its entries: what a host has put in its place is trusted.
+constinit const InstanceSearchEntry* g_pOwnTable = nullptr;
+constinit std::uint16_t g_nOwnEntries = 0;
+
 constinit Atom g_nWindowDataAtom{};
 constinit Atom g_nNoPrefixSaveAtom{};
 
@@ -66,13 +71,15 @@ void RegisterInstanceForStringSearch(ModuleHandle hModule, std::int16_t nSearchO
   const std::size_t nInstances = ++pRecord->nInstances;
   void* const pOld = pRecord->pInstanceTable;
   const auto nSize = static_cast<std::uint32_t>(nInstances * sizeof(InstanceSearchEntry));
-  void* const pNew = nInstances == 1 ? _RealAllocate(nSize) : _RealReAllocate(pOld, nSize);
+  void* const pNew = _RealReAllocate(pOld, nSize);
   pRecord->pInstanceTable = static_cast<InstanceSearchEntry*>(pNew);
   if (pNew == nullptr) {
     _RealDeAllocate(pOld);
     return;
   }
   InstanceSearchEntry* const pTable = pRecord->pInstanceTable;
+  g_pOwnTable = pTable;
+  g_nOwnEntries = pRecord->nInstances;
   pTable[nInstances - 1] = {hModule, nSearchOrder};
   std::sort(pTable, pTable + nInstances,
             [](const InstanceSearchEntry& left, const InstanceSearchEntry& right) {
@@ -94,6 +101,14 @@ AlderLibDataType& LibraryRecord() {
 
 void KeepLibraryHandle(ModuleHandle hModule) {
   g_hLibrary = hModule;
+}
+
+std::span<const InstanceSearchEntry> SearchedModules() {
+  const AlderLibDataType* const pRecord = MyAlderLibDataPtr;
+  if (pRecord == nullptr || pRecord->pInstanceTable == nullptr) return {};
+  std::uint16_t nEntries = pRecord->nInstances;
+  if (pRecord->pInstanceTable == g_pOwnTable) nEntries = std::min(nEntries, g_nOwnEntries);
+  return {pRecord->pInstanceTable, nEntries};
 }
 
 void ReleaseInstanceTable() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <span>
+
 #include "aldlib/frame/Alderlib.h"
 
 namespace ald {
@@ -11,6 +13,10 @@ namespace ald {
 AlderLibDataType& LibraryRecord();
 
 void KeepLibraryHandle(ModuleHandle hModule);
+
+// The modules to search for a text, in order: empty without a record or without a table, and never
+// more than there is memory for, whatever a host has written into nInstances.
+std::span<const InstanceSearchEntry> SearchedModules();
 
 // Gives back the memory of the search list. nInstances stays as it is.
 void ReleaseInstanceTable();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <new>
 #include <vector>
 
 namespace ald {
@@ -62,7 +63,7 @@ CString WithSign(CString sNumber, std::uint32_t nNegativeOrder) {
 
 }  // namespace
 
-CString FormatNumberText(std::string_view canonicalText, const NumberFormat& format) {
+CString FormatNumberText(std::string_view canonicalText, const NumberFormat& format) noexcept try {
   std::string_view whole = canonicalText;
   const bool bNegative = !whole.empty() && whole.front() == '-';
   if (bNegative) whole.remove_prefix(1);
@@ -95,6 +96,8 @@ CString FormatNumberText(std::string_view canonicalText, const NumberFormat& for
     sNumber += std::string_view(sDigits).substr(sDigits.size() - nDecimals);
   }
   return bNegative && !bZero ? WithSign(sNumber, format.nNegativeOrder) : sNumber;
+} catch (const std::bad_alloc&) {
+  return {};
 }
 
 }  // namespace ald

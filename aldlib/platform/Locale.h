@@ -42,8 +42,7 @@ class Locale {
   virtual NumberSettings ReadNumberSettings() = 0;
 
   // Writes a number in the given format. `canonicalText` is an optional "-", digits, and an
-  // optional
-  // "." with digits. See FormatNumberText for the rules; a backend has no reason to differ.
+  // optional "." with digits. See FormatNumberText for the rules; no backend differs from them.
   virtual CString FormatNumber(std::string_view canonicalText, const NumberFormat& format) = 0;
 };
 
@@ -51,11 +50,12 @@ class Locale {
 // a "0" before the separator or not, and with the sign in its place. Zeros that the text has in
 // front do not count, and a number that rounds to zero has no sign. With no leading zero and no
 // decimals a zero is still "0". Returns an empty text if `canonicalText` has another form than
-// Locale tells.
+// Locale tells, or if there is no memory.
 //
 //   "-1234567.005", {}                     -> -1,234,567.01
 //   "-0.5", {.bLeadingZero = false, .nNegativeOrder = 0} -> (.50)
 //   "-0.004", {}                           -> 0.00
-ALDLIB_EXPORT CString FormatNumberText(std::string_view canonicalText, const NumberFormat& format);
+ALDLIB_EXPORT CString FormatNumberText(std::string_view canonicalText,
+                                       const NumberFormat& format) noexcept;
 
 }  // namespace ald

@@ -4,9 +4,9 @@
 #include <charconv>
 #include <cstring>
 #include <fstream>
+#include <new>
 #include <optional>
 #include <system_error>
-#include <utility>
 
 namespace ald {
 namespace {
@@ -95,12 +95,15 @@ Line ReadLine(std::string_view text) {
 
 }  // namespace
 
-bool StringTable::Add(std::uint16_t nNumber, std::string_view text) {
+bool StringTable::Add(std::uint16_t nNumber, std::string_view text) noexcept try {
   if (text.empty() || text.find('\0') != std::string_view::npos) return false;
   return m_texts.try_emplace(nNumber, text).second;
+} catch (const std::bad_alloc&) {
+  return false;
 }
 
-bool StringTable::AddFile(const CString& sPath, CString& sError) {
+bool StringTable::AddFile(const CString& sPath, CString& sError) noexcept try {
+  sError.clear();
   errno = 0;
   std::ifstream file(sPath, std::ios::binary);
   CString sLines;
@@ -115,9 +118,13 @@ bool StringTable::AddFile(const CString& sPath, CString& sError) {
     return false;
   }
   return AddLines(sLines, sPath, sError);
+} catch (const std::bad_alloc&) {
+  return false;
 }
 
-bool StringTable::AddLines(std::string_view lines, std::string_view sourceName, CString& sError) {
+bool StringTable::AddLines(std::string_view lines, std::string_view sourceName,
+                           CString& sError) noexcept try {
+  sError.clear();
   StringTable grown = *this;
   for (std::size_t nLine = 1; !lines.empty(); ++nLine) {
     const std::size_t nEnd = lines.find('\n');
@@ -136,11 +143,13 @@ bool StringTable::AddLines(std::string_view lines, std::string_view sourceName, 
       return false;
     }
   }
-  m_texts = std::move(grown.m_texts);
+  m_texts.swap(grown.m_texts);
   return true;
+} catch (const std::bad_alloc&) {
+  return false;
 }
 
-const CString* StringTable::Find(std::uint32_t nNumber) const {
+const CString* StringTable::Find(std::uint32_t nNumber) const noexcept {
   if (nNumber > kMaxNumber) return nullptr;
   const auto it = m_texts.find(static_cast<std::uint16_t>(nNumber));
   return it == m_texts.end() ? nullptr : &it->second;

@@ -27,20 +27,20 @@ namespace ald {
 // an error.
 class ALDLIB_EXPORT StringTable {
  public:
-  // Adds one text. Returns false, and changes nothing, if the number is there already or the text
-  // is empty or contains a zero byte.
-  bool Add(std::uint16_t nNumber, std::string_view text);
+  // Adds one text. Returns false, and changes nothing, if the number is there already, the text is
+  // empty or contains a zero byte, or there is no memory.
+  bool Add(std::uint16_t nNumber, std::string_view text) noexcept;
 
   // Adds every text of the file, or none. Returns false on any error, with `sError` saying where
   // and why: "texts.txt:12: number 30101 stands here for the second time". Numbers that the table
-  // holds already count as duplicates.
-  bool AddFile(const CString& sPath, CString& sError);
+  // holds already count as duplicates. With no memory left `sError` may be empty.
+  bool AddFile(const CString& sPath, CString& sError) noexcept;
 
   // As AddFile, from memory; `sourceName` stands for the file's name in `sError`.
-  bool AddLines(std::string_view lines, std::string_view sourceName, CString& sError);
+  bool AddLines(std::string_view lines, std::string_view sourceName, CString& sError) noexcept;
 
   // Returns the text of the number, or null.
-  const CString* Find(std::uint32_t nNumber) const;
+  const CString* Find(std::uint32_t nNumber) const noexcept;
 
   std::size_t Count() const { return m_texts.size(); }
 

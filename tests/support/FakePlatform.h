@@ -1,0 +1,161 @@
+#pragma once
+
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <utility>
+#include <vector>
+
+#include "aldlib/Load.h"
+#include "aldlib/frame/Alderlib.h"
+#include "aldlib/frame/MemStore.h"
+#include "aldlib/frame/MessageDoor.h"
+#include "aldlib/platform/TableResources.h"
+
+// Ports that a test can see into and turn, and a platform made of them.
+namespace ald {
+
+class FakeMachine : public Machine {
+ public:
+  MemoryHandle Allocate(std::uint32_t nSize) override {
+    ++m_nAllocations;
+    if (m_nAllocations == m_nFailAt) return MemoryHandle{};
+    const MemoryHandle hBlock{++m_nLastHandle};
+    m_blocks[hBlock].bytes.resize(nSize + 1);  // an address even for size 0
+    return hBlock;
+  }
+  void* Lock(MemoryHandle hBlock) override {
+    const auto it = m_blocks.find(hBlock);
+    if (it == m_blocks.end()) return nullptr;
+    ++it->second.nLocks;
+    return it->second.bytes.data();
+  }
+  bool Unlock(MemoryHandle hBlock) override {
+    const auto it = m_blocks.find(hBlock);
+    return it != m_blocks.end() && it->second.nLocks > 0 && --it->second.nLocks > 0;
+  }
+  MemoryHandle Free(MemoryHandle hBlock) override {
+    if (m_bRefuseFree) return hBlock;
+    return hBlock == MemoryHandle{} || m_blocks.erase(hBlock) > 0 ? MemoryHandle{} : hBlock;
+  }
+  void RaiseDivisionFault() override { ++m_nDivisionFaults; }
+  // Nothing goes on behind a fatal exit, so the test ends here. A test of the way there runs it in
+  // a child process on the real machine.
+  [[noreturn]] void FatalExit(const char* szText) override {
+    std::fprintf(stderr, "fatal exit on the fake machine: %s\n", szText);
+    std::abort();
+  }
+
+  // Lets the nCount-th Allocate from now on fail.
+  void FailAllocate(int nCount) { m_nFailAt = m_nAllocations + nCount; }
+  void RefuseFree(bool bRefuse) { m_bRefuseFree = bRefuse; }
+
+  std::size_t LiveBlocks() const { return m_blocks.size(); }
+  int DivisionFaults() const { return m_nDivisionFaults; }
+
+ private:
+  struct Block {
+    std::vector<char> bytes;
+    int nLocks = 0;
+  };
+
+  std::map<MemoryHandle, Block> m_blocks;
+  std::uint32_t m_nLastHandle = 0;
+  int m_nAllocations = 0;
+  int m_nFailAt = 0;
+  int m_nDivisionFaults = 0;
+  bool m_bRefuseFree = false;
+};
+
+class FakeLocale : public Locale {
+ public:
+  NumberSettings ReadNumberSettings() override {
+    ++m_nReads;
+    return m_settings;
+  }
+  CString FormatNumber(std::string_view canonicalText, const NumberFormat& format) override {
+    return FormatNumberText(canonicalText, format);
+  }
+
+  NumberSettings m_settings;
+  int m_nReads = 0;
+};
+
+// String tables in memory, and a framework that takes note of what it is told.
+class FakeResources : public TableResources {
+ public:
+  Atom AddAtom(const char* szName) override {
+    m_calls.push_back(CString("add ") + szName);
+    return TableResources::AddAtom(szName);
+  }
+  bool DeleteAtom(Atom nAtom) override {
+    m_calls.push_back("delete atom");
+    return TableResources::DeleteAtom(nAtom);
+  }
+  bool AttachExtension(ModuleHandle hModule) override {
+    m_calls.push_back("attach");
+    return !m_bRefuseAttach && TableResources::AttachExtension(hModule);
+  }
+  void LinkExtension(ModuleHandle hModule) override {
+    m_calls.push_back("link");
+    m_hLinked = hModule;
+  }
+  void ReleaseExtension(ModuleHandle) override { m_calls.push_back("release"); }
+
+  std::vector<CString> m_calls;
+  ModuleHandle m_hLinked{};
+  bool m_bRefuseAttach = false;
+};
+
+// While it lives the library stands on its ports, loaded anew; afterwards on the system's own,
+// loaded anew. So each test starts with a fresh library record and leaves nothing behind.
+class FakePlatform {
+ public:
+  FakePlatform() { MoveToPlatform(&m_platform); }
+  FakePlatform(const FakePlatform&) = delete;
+  FakePlatform& operator=(const FakePlatform&) = delete;
+  ~FakePlatform() {
+    FailAllocation(0);
+    MoveToPlatform(nullptr);
+  }
+
+  // Adds a module with the given texts, and has it searched.
+  ModuleHandle AddModule(std::initializer_list<std::pair<std::uint16_t, const char*>> texts,
+                         std::int16_t nSearchOrder) {
+    StringTable table;
+    for (const auto& [nNumber, szText] : texts) table.Add(nNumber, szText);
+    const ModuleHandle hModule = m_resources.AddModule(std::move(table));
+    RegisterInstanceForStringSearch(hModule, nSearchOrder);
+    return hModule;
+  }
+
+  FakeResources m_resources;
+  FakeMachine m_machine;
+  FakeLocale m_locale;
+
+ private:
+  Platform m_platform{m_resources, m_machine, m_locale};
+};
+
+// A door that keeps the numbers it was to show, in order, and gives the answer it was told to.
+class RecordingDoor : public MessageDoor {
+ public:
+  RecordingDoor() : m_pBefore(ConnectMessageDoor(this)) {}
+  RecordingDoor(const RecordingDoor&) = delete;
+  RecordingDoor& operator=(const RecordingDoor&) = delete;
+  ~RecordingDoor() override { ConnectMessageDoor(m_pBefore); }
+
+  int Show(std::uint32_t nMessage) override {
+    m_shown.push_back(nMessage);
+    return m_nAnswer;
+  }
+  int Ask(MessageArgument message) override { return Show(MessageNumber(message)); }
+
+  std::vector<std::uint32_t> m_shown;
+  int m_nAnswer = kAnswerOk;
+
+ private:
+  MessageDoor* m_pBefore;
+};
+
+}  // namespace ald
