@@ -32,8 +32,8 @@ template <class TMath>
 constexpr std::array<TMath, 47> PowersOf10(std::uint32_t nFactor) {
   std::array<TMath, 47> aPowers{};
   TMath power(1);
-  for (TMath& entry : aPowers) {
-    entry = Times(power, nFactor);
+  for (std::size_t i = 0; i < aPowers.size(); ++i) {
+    aPowers[i] = Times(power, nFactor);
     power = Times(power, 10);
   }
   return aPowers;
@@ -119,21 +119,6 @@ bool CDecimal::IsValid() const {
     if (packed::GetDigit(m_aBytes, i) > 9) return false;
   }
   return true;
-}
-
-int CDecimal::Compare(const CDecimal& a, const CDecimal& b) {
-  const bool bNegative = a.IsNegative();
-  if (bNegative != b.IsNegative()) return bNegative ? -1 : 1;
-  const packed::Bytes& low = bNegative ? b.m_aBytes : a.m_aBytes;
-  const packed::Bytes& high = bNegative ? a.m_aBytes : b.m_aBytes;
-  for (std::size_t i = 0; i + 1 < packed::kBytes; ++i) {
-    if (low[i] != high[i]) return low[i] < high[i] ? -1 : 1;
-  }
-  // The last decimal answers with its difference, which callers may see.
-  const int nDifference = packed::GetDigit(low, 0) - packed::GetDigit(high, 0);
-  if (nDifference != 0) return nDifference;
-  if (FindItem(&a) == nullptr && FindItem(&b) == nullptr) return 0;
-  return MathType::CompareSigned(a.toMathType(), b.toMathType());
 }
 
 }  // namespace ald

@@ -42,6 +42,10 @@
 // leaves the exact value behind: the copy is simply the limit.
 namespace ald {
 
+namespace packed {
+struct Words;
+}
+
 // The company records know one layout, so the template has this one member.
 template <int nDigits, int nDecimals>
 class CFixedDecimal;
@@ -408,7 +412,7 @@ class ALDLIB_EXPORT CFixedDecimal<23, 9> {
     return result;
   }
 
-  static bool RegistryExists() { return m_pTlsData->m_pOverflowItems != nullptr; }
+  static bool RegistryExists() { return m_pTlsData_storage.m_pOverflowItems != nullptr; }
   static COverflowItem* FindItem(const CFixedDecimal* pKey) {
     return RegistryExists() ? m_pTlsData->m_pOverflowItems->Find(pKey) : nullptr;
   }
@@ -416,6 +420,13 @@ class ALDLIB_EXPORT CFixedDecimal<23, 9> {
     if (RegistryExists()) RemovePossibleOverflowItem(this);
   }
   bool IsZeroDigits() const { return packed::AreZero(m_aBytes, 0, kDigits); }
+  CFixedDecimal& AddByDigits(const CFixedDecimal& other);
+  CFixedDecimal& SubtractByDigits(const CFixedDecimal& other);
+  CFixedDecimal& MultiplyByDigits(const CFixedDecimal& other);
+  CFixedDecimal& DivideByDigits(const CFixedDecimal& other);
+  // The end of every fast road.
+  CFixedDecimal& StoreGood(packed::Words words);
+  CFixedDecimal& StoreDifference(packed::Words a, packed::Words b);
   void SetToOverflow(bool bNegative, std::uint64_t nMagnitude);
   void StoreLimit(bool bPositive);
   DEC_STATUS AddOrSubtractExactly(const CFixedDecimal& left, const CFixedDecimal& right, bool bAdd);

@@ -1,217 +1,199 @@
 #include "aldlib/arith/FixedDecimal.h"
+#include "aldlib/arith/PackedWords.h"
 
-// Addition, subtraction, multiplication and division, each in place.
+// Addition, subtraction, multiplication, division and comparison of ordinary values, on whole words
+// at once.
 //
-// The digits do the work where they can. Where an operand is past the limits, or the result is, the
-// 160-bit integers take over: they hold the exact value, which fromMathType keeps in the registry
-// behind the limit that it stores.
+// Ordinary means: no object has an overflow item, both signs are 0xD or 0xF, and the result fits
+// and is not a zero that has something to report. Then the outcome is the bytes and DEC_OK, and
+// that is all that these roads store. They leave everything else, untouched, to
+// FixedDecimalByDigits.cpp.
 namespace ald {
 
-// Stores the exact sum or difference and returns its status. The operands may be *this.
-DEC_STATUS CDecimal::AddOrSubtractExactly(const CDecimal& left, const CDecimal& right, bool bAdd) {
-  const CQuietScope quiet;
-  MathType value = left.toMathType();
-  if (bAdd) {
-    value.op_Add(right.toMathType());
-  } else {
-    value.op_Subtract(right.toMathType());
-  }
-  fromMathType(value);
-  return GetLastStatus();
+namespace {
+
+using packed::BinaryOf;
+using packed::DigitsOf;
+using packed::UInt128;
+using packed::Words;
+
+constexpr std::uint64_t kTenTo7 = 10'000'000;
+constexpr std::uint64_t kTenTo9 = 1'000'000'000;
+constexpr std::uint64_t kTenTo10 = 10'000'000'000;
+constexpr std::uint64_t kTenTo14 = 100'000'000'000'000;
+constexpr std::uint64_t kTenTo16 = 10'000'000'000'000'000;
+
+// Two decimals at the most: the seven digits of the low word are zero, and the high one counts
+// cents.
+[[gnu::always_inline]] inline bool AreCents(Words a, Words b) {
+  return ((a.nLow | b.nLow) & packed::kLowDigits) == 0;
+}
+
+[[gnu::always_inline]] inline Words Signed(Words digits, std::uint64_t nSign) {
+  digits.nLow |= nSign;
+  return digits;
+}
+
+}  // namespace
+
+[[gnu::always_inline]] inline CDecimal& CDecimal::StoreGood(Words words) {
+  packed::Store(words, m_aBytes);
+  m_pTlsData_storage.m_eLastStatus = DEC_OK;
+  return *this;
+}
+
+// Apart from the road of like signs, so that that one saves no registers.
+[[gnu::noinline]] CDecimal& CDecimal::StoreDifference(Words a, Words b) {
+  return StoreGood(packed::DifferenceOfDigits(a, b));
 }
 
 CDecimal& CDecimal::op_Add(const CDecimal& other) {
-  CDecimal result;
-  DEC_STATUS eStatus = DEC_OK;
-  bool bExact = FindItem(this) != nullptr || FindItem(&other) != nullptr;
-  if (!bExact) {
-    if (IsNegative() == other.IsNegative()) {
-      packed::AddDigits(result.m_aBytes, m_aBytes);
-      if (packed::AddDigits(result.m_aBytes, other.m_aBytes)) eStatus = DEC_OVERFLOW;
-      if (IsNegative()) result.SetNegative();
-    } else {
-      const CQuietScope quiet;
-      result = IsNegative() ? other : *this;
-      result.op_Subtract(IsNegative() ? -*this : -other);
-      eStatus = GetLastStatus();
-    }
-    bExact = IsOverflow(eStatus);
+  Words a = packed::Load(m_aBytes);
+  const Words b = packed::Load(other.m_aBytes);
+  if (RegistryExists() || !packed::HavePlainSigns(a, b)) [[unlikely]]
+    return AddByDigits(other);
+  if (!packed::HaveLikeSigns(a, b)) return StoreDifference(a, b);
+  // Two zeros that are marked negative make a positive one.
+  if (packed::AddDigits(a, b) || (a.nHigh | (a.nLow ^ packed::kNegative)) == 0) [[unlikely]] {
+    return AddByDigits(other);
   }
-  if (bExact) eStatus = result.AddOrSubtractExactly(*this, other, true);
-  *this = result;
-  RaiseStatus(eStatus, this);
-  return *this;
+  return StoreGood(a);
 }
 
+// As the sum with the opposite, whose sign differs in one bit.
 CDecimal& CDecimal::op_Subtract(const CDecimal& other) {
-  CDecimal result;
-  DEC_STATUS eStatus = DEC_OK;
-  bool bExact = FindItem(this) != nullptr || FindItem(&other) != nullptr;
-  if (!bExact) {
-    const CQuietScope quiet;
-    if (IsNegative() && other.IsNegative()) {
-      result = -other;
-      result.op_Subtract(-*this);
-      eStatus = GetLastStatus();
-    } else if (IsNegative() || other.IsNegative()) {
-      result = *this;
-      result.op_Add(-other);
-      eStatus = GetLastStatus();
-    } else if (Compare(*this, other) < 0) {
-      result = other;
-      result.op_Subtract(*this);
-      result.SetNegative();
-    } else {
-      packed::AddDigits(result.m_aBytes, m_aBytes);
-      packed::SubtractDigits(result.m_aBytes, other.m_aBytes);
-    }
-    bExact = IsOverflow(eStatus);
+  Words a = packed::Load(m_aBytes);
+  Words b = packed::Load(other.m_aBytes);
+  if (RegistryExists() || !packed::HavePlainSigns(a, b)) [[unlikely]]
+    return SubtractByDigits(other);
+  b.nLow ^= packed::kPlusBit;
+  if (!packed::HaveLikeSigns(a, b)) return StoreDifference(a, b);
+  if (packed::AddDigits(a, b) || (a.nHigh | (a.nLow ^ packed::kNegative)) == 0) [[unlikely]] {
+    return SubtractByDigits(other);
   }
-  if (bExact) eStatus = result.AddOrSubtractExactly(*this, other, false);
-  *this = result;
-  RaiseStatus(eStatus, this);
-  return *this;
-}
-
-// The limit of a sign, while the exact value stays in the registry.
-void CDecimal::StoreLimit(bool bPositive) {
-  const CFrozenScope frozen;
-  *this = bPositive ? ms_nMaxValue : ms_nMinValue;
-}
-
-// The common end of multiplication and division, called quietly: a non-zero result that became zero
-// is an underflow.
-DEC_STATUS CDecimal::StoreQuotientOrProduct(const MathType& value, bool bSameSigns) {
-  fromMathType(value);
-  const DEC_STATUS eStatus = GetLastStatus();
-  if (IsSuccess(eStatus) && IsZeroDigits()) return DEC_UNDERFLOW;
-  if (IsOverflow(eStatus)) StoreLimit(bSameSigns);
-  return eStatus;
-}
-
-// The product times 10^9. Most amounts have few decimals: trailing zeros that make up nine places
-// are dropped from the operands, and then neither a division nor a rounding is needed.
-CBigInt<160> CDecimal::ProductWith(const CDecimal& right, bool bExact) const {
-  if (!bExact) {
-    const int nLeftZeros = CountTrailingZeroDecimals();
-    const int nRightZeros = nLeftZeros == kDecimals ? 0 : right.CountTrailingZeroDecimals();
-    if (nLeftZeros + nRightZeros >= kDecimals) {
-      const int nLeftDrop = nRightZeros == kDecimals ? 0 : nLeftZeros;
-      CDecimal left(*this);
-      CDecimal other(right);
-      left.ShiftDigits(-nLeftDrop);
-      other.ShiftDigits(nLeftDrop - kDecimals);
-      return left.toMathType() * other.toMathType();
-    }
-  }
-  MathType product = toMathType() * right.toMathType();
-  const MathType& half = ms_anMathDigitToPower10[5][kDecimals - 1];
-  if (product.IsNegative()) {
-    product -= half;
-  } else {
-    product += half;
-  }
-  return product / ms_anMathPowersOf10[kDecimals];
-}
-
-// A factor that is a power of ten moves the digits of the other one. Reports in bTaken whether it
-// was so.
-DEC_STATUS CDecimal::ShiftByPowerShortcut(const CDecimal& right, bool& bTaken) {
-  const int nLeftPower = FindPower10();
-  const int nRightPower = right.FindPower10();
-  bTaken = nLeftPower != kNoPower || nRightPower != kNoPower;
-  if (!bTaken) return DEC_OK;
-
-  // With two powers of unlike signs the negative one is moved: a product that vanishes then keeps
-  // its minus, whichever operand came first.
-  const bool bUnlike = IsNegative() != right.IsNegative();
-  bool bMoveRight = nLeftPower != kNoPower;
-  if (bMoveRight && nRightPower != kNoPower && bUnlike) bMoveRight = right.IsNegative();
-
-  const CQuietScope quiet;
-  DEC_STATUS eStatus = DEC_OK;
-  if (bMoveRight) {
-    CDecimal moved(right);
-    moved.ShiftByPower10(nLeftPower);
-    eStatus = GetLastStatus();
-    *this = moved;
-  } else {
-    ShiftByPower10(nRightPower);
-    eStatus = GetLastStatus();
-  }
-  if (bUnlike) {
-    SetNegative();
-  } else {
-    SetPositive();
-  }
-  return eStatus;
+  return StoreGood(a);
 }
 
 CDecimal& CDecimal::op_Multiply(const CDecimal& other) {
-  const CDecimal saved(*this);
-  const CDecimal& right = &other == this ? saved : other;
-  DEC_STATUS eStatus = DEC_OK;
-  if (Compare(*this, ms_Zero) == 0 || Compare(right, ms_Zero) == 0) {
-    SetToZero();
-  } else {
-    bool bDone = false;
-    bool bExact = FindItem(this) != nullptr || FindItem(&right) != nullptr;
-    if (!bExact) {
-      eStatus = ShiftByPowerShortcut(right, bDone);
-      if (IsOverflow(eStatus)) {
-        *this = saved;
-        bDone = false;
-        bExact = true;
-      }
+  const Words a = packed::Load(m_aBytes);
+  const Words b = packed::Load(other.m_aBytes);
+  if (RegistryExists() || !packed::HavePlainSigns(a, b)) [[unlikely]]
+    return MultiplyByDigits(other);
+  const std::uint64_t nSign = packed::SignOfProduct(a, b);
+
+  if (AreCents(a, b)) {
+    const auto [nLeft, nRight] = BinaryOf(a.nHigh, b.nHigh);
+    std::uint64_t nProduct;  // four decimals
+    if (!__builtin_mul_overflow(nLeft, nRight, &nProduct) && nProduct != 0 &&
+        nProduct / 100 < kTenTo16) {
+      return StoreGood(Signed(DigitsOf(nProduct / 100, nProduct % 100 * 1'000'000), nSign));
     }
-    if (!bDone) {
-      const CQuietScope quiet;
-      eStatus = StoreQuotientOrProduct(saved.ProductWith(right, bExact),
-                                       saved.IsNegative() == right.IsNegative());
-    }
+    return MultiplyByDigits(other);
   }
-  RaiseStatus(eStatus, this);
-  return *this;
+
+  // Split at the point: (I + f) * (J + g) = IJ + (Ig + Jf + fg).
+  const auto [nLeft, nRight] = BinaryOf(a.nHigh >> 8, b.nHigh >> 8);
+  const auto [nLeftPart, nRightPart] =
+      BinaryOf((a.nHigh & 0xFF) << 28 | a.nLow >> 4, (b.nHigh & 0xFF) << 28 | b.nLow >> 4);
+  // The one rounding: all other terms have whole ninth decimals.
+  const std::uint64_t nRounded = (nLeftPart * nRightPart + kTenTo9 / 2) / kTenTo9;
+  std::uint64_t nWhole;
+  std::uint64_t nPart;
+  if ((nLeft | nRight) >> 30 == 0) [[likely]] {
+    const std::uint64_t nCross = nLeft * nRightPart + nRight * nLeftPart + nRounded;  // below 2^62
+    nWhole = nLeft * nRight + nCross / kTenTo9;
+    nPart = nCross % kTenTo9;
+  } else {
+    const UInt128 nCross = UInt128{nLeft} * nRightPart + UInt128{nRight} * nLeftPart + nRounded;
+    const UInt128 nSum = UInt128{nLeft} * nRight + nCross / kTenTo9;
+    if (nSum >= kTenTo14) return MultiplyByDigits(other);
+    nWhole = static_cast<std::uint64_t>(nSum);
+    nPart = static_cast<std::uint64_t>(nCross % kTenTo9);
+  }
+  if (nWhole >= kTenTo14 || (nWhole | nPart) == 0) [[unlikely]]
+    return MultiplyByDigits(other);
+  return StoreGood(Signed(DigitsOf(nWhole * 100 + nPart / kTenTo7, nPart % kTenTo7 * 10), nSign));
 }
 
+namespace {
+
+// nHigh * 2^64 + nLow by nDivisor; nHigh must be the smaller, so that the quotient fits.
+[[gnu::always_inline]] inline std::uint64_t Divide128By64(UInt128 nDividend,
+                                                          std::uint64_t nDivisor) {
+#if defined(__x86_64__) && !defined(ALDLIB_PORTABLE_ARITHMETIC)
+  auto nHigh = static_cast<std::uint64_t>(nDividend >> 64);
+  auto nLow = static_cast<std::uint64_t>(nDividend);
+  __asm__("divq %2" : "+a"(nLow), "+d"(nHigh) : "r"(nDivisor) : "cc");
+  return nLow;
+#else
+  return static_cast<std::uint64_t>(nDividend / nDivisor);
+#endif
+}
+
+}  // namespace
+
 CDecimal& CDecimal::op_Divide(const CDecimal& other) {
-  const CDecimal saved(*this);
-  const CDecimal& divisor = &other == this ? saved : other;
-  const MathType divisorValue = divisor.toMathType();
-  DEC_STATUS eStatus = DEC_OK;
-  // A zero that is marked negative divides like any other zero, in silence.
-  if (Compare(*this, ms_Zero) == 0 || divisorValue.IsZero()) {
-    SetToZero();
-  } else {
-    const CQuietScope quiet;
-    bool bDone = false;
-    const bool bExact = FindItem(this) != nullptr || FindItem(&divisor) != nullptr;
-    const int nPower = bExact ? kNoPower : divisor.FindPower10();
-    if (nPower != kNoPower) {
-      ShiftByPower10(-nPower);
-      eStatus = GetLastStatus();
-      if (IsNegative() == divisor.IsNegative()) {
-        SetPositive();
-      } else {
-        SetNegative();
-      }
-      bDone = !IsOverflow(eStatus);
-      if (!bDone) *this = saved;
+  const Words a = packed::Load(m_aBytes);
+  const Words b = packed::Load(other.m_aBytes);
+  if (RegistryExists() || !packed::HavePlainSigns(a, b)) [[unlikely]]
+    return DivideByDigits(other);
+
+  // Dividend and divisor on one scale, times ten where a low word takes part, so that no nibble has
+  // to be moved. The quotient has ten decimals, cut; the tenth rounds it.
+  const auto [nLeft, nRight] = BinaryOf(a.nHigh, b.nHigh);
+  UInt128 nQuotient;
+  constexpr std::uint64_t kMostCents = ~std::uint64_t{0} / kTenTo10;
+  if (AreCents(a, b)) {
+    if (nLeft == 0 || nRight == 0) return DivideByDigits(other);
+    if (nLeft <= kMostCents) {
+      nQuotient = nLeft * kTenTo10 / nRight;
+    } else {
+      nQuotient = UInt128{nLeft} * kTenTo10 / nRight;
     }
-    if (!bDone) {
-      // Ten decimals, cut; the tenth alone decides the rounding, whatever follows it.
-      MathType quotient = saved.toMathType() * ms_anMathPowersOf10[kDecimals + 1] / divisorValue;
-      if (quotient.IsNegative()) {
-        quotient -= MathType::ms_Five;
-      } else {
-        quotient += MathType::ms_Five;
-      }
-      eStatus = StoreQuotientOrProduct(quotient / MathType::ms_Ten,
-                                       saved.IsNegative() == divisor.IsNegative());
+  } else {
+    const auto [nLeftLow, nRightLow] =
+        BinaryOf(a.nLow & packed::kLowDigits, b.nLow & packed::kLowDigits);
+    const UInt128 nDividend = (UInt128{nLeft} * 100'000'000 + nLeftLow) * kTenTo10;  // below 2^114
+    const UInt128 nDivisor = UInt128{nRight} * 100'000'000 + nRightLow;
+    if (nDividend == 0 || nDivisor == 0) return DivideByDigits(other);
+    if (nDivisor >> 64 == 0 && nDividend >> 64 < nDivisor) [[likely]] {
+      nQuotient = Divide128By64(nDividend, static_cast<std::uint64_t>(nDivisor));
+    } else {
+      nQuotient = nDividend / nDivisor;
     }
   }
-  RaiseStatus(eStatus, this);
-  return *this;
+  std::uint64_t nHigh;
+  std::uint64_t nLow;
+  if (nQuotient >> 63 == 0) [[likely]] {
+    const std::uint64_t nRounded = (static_cast<std::uint64_t>(nQuotient) + 5) / 10;
+    nHigh = nRounded / kTenTo7;
+    nLow = nRounded % kTenTo7 * 10;
+    if (nRounded == 0) return DivideByDigits(other);
+  } else {
+    const UInt128 nRounded = (nQuotient + 5) / 10;
+    const UInt128 nTop = nRounded / kTenTo7;
+    if (nTop >= kTenTo16) return DivideByDigits(other);
+    nHigh = static_cast<std::uint64_t>(nTop);
+    nLow = static_cast<std::uint64_t>(nRounded % kTenTo7) * 10;
+  }
+  return StoreGood(Signed(DigitsOf(nHigh, nLow), packed::SignOfProduct(a, b)));
+}
+
+// The first difference in the upper 22 digits decides; one in the last digit alone answers with its
+// amount, which callers may see.
+int CDecimal::Compare(const CDecimal& a, const CDecimal& b) {
+  const Words left = packed::Load(a.m_aBytes);
+  const Words right = packed::Load(b.m_aBytes);
+  const bool bNegative = a.IsNegative();
+  if (bNegative != b.IsNegative()) return bNegative ? -1 : 1;
+  const int nSense = bNegative ? -1 : 1;
+  if (left.nHigh != right.nHigh) return left.nHigh < right.nHigh ? -nSense : nSense;
+  if (left.nLow >> 8 != right.nLow >> 8) return left.nLow < right.nLow ? -nSense : nSense;
+  const int nDifference =
+      static_cast<int>(left.nLow >> 4 & 0xF) - static_cast<int>(right.nLow >> 4 & 0xF);
+  if (nDifference != 0 || !RegistryExists()) return nSense * nDifference;
+  if (FindItem(&a) == nullptr && FindItem(&b) == nullptr) return 0;
+  return MathType::CompareSigned(a.toMathType(), b.toMathType());
 }
 
 }  // namespace ald

@@ -5,7 +5,6 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 namespace aldtool {
 
@@ -21,7 +20,10 @@ std::string Read(const std::string& sPath, std::string& sText) {
   errno = 0;
   std::ifstream stream(sPath, std::ios::binary);
   if (!stream) return std::string("cannot be opened: ") + std::strerror(errno) + ".";
-  sText.assign(std::istreambuf_iterator<char>(stream), {});
+  char aBlock[65536];
+  while (stream.read(aBlock, sizeof aBlock) || stream.gcount() > 0) {
+    sText.append(aBlock, static_cast<std::size_t>(stream.gcount()));
+  }
   if (stream.bad() || (!error && nSize != 0 && sText.size() < nSize)) {
     return "cannot be read to its end.";
   }
