@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <new>
 
 namespace ald {
 namespace {
@@ -38,11 +37,7 @@ const char* FindLibraryString(std::uint32_t nNumber) {
 
 StringTable LibraryStringTable() {
   StringTable table;
-  try {
-    for (const LibraryString& string : kStrings) table.Add(string.nNumber, string.szText);
-  } catch (const std::bad_alloc&) {
-    // The texts that are in the table serve.
-  }
+  for (const LibraryString& string : kStrings) table.Add(string.nNumber, string.szText);
   return table;
 }
 

@@ -14,7 +14,7 @@ constexpr int kAnswerRetry = 4;
 
 // The one way up to the user for what stands below the message engine: the memory store when memory
 // has run out or was misused, and a lock that waits. An implementation must not throw.
-class MessageDoor {
+class ALDLIB_EXPORT MessageDoor {
  public:
   virtual ~MessageDoor() = default;
 

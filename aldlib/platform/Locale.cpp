@@ -90,7 +90,7 @@ CString FormatNumberText(std::string_view canonicalText, const NumberFormat& for
   std::string_view integer = std::string_view(sDigits).substr(0, sDigits.size() - nDecimals);
   integer.remove_prefix(std::min(integer.find_first_not_of('0'), integer.size()));
   CString sNumber = Grouped(integer, format.nGrouping, format.sThousandSeparator);
-  if (integer.empty() && (format.bLeadingZero || nDecimals == 0)) sNumber = "0";
+  if (integer.empty() && (format.bLeadingZero || nDecimals == 0)) sNumber += '0';
   if (nDecimals > 0) {
     sNumber += format.sDecimalSeparator;
     sNumber += std::string_view(sDigits).substr(sDigits.size() - nDecimals);

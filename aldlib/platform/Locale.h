@@ -33,7 +33,7 @@ struct NumberFormat {
 };
 
 // What the library asks of the system about the user's way of writing numbers.
-class Locale {
+class ALDLIB_EXPORT Locale {
  public:
   virtual ~Locale() = default;
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "aldlib/platform/Export.h"
 #include "aldlib/platform/Types.h"
 
 namespace ald {
@@ -12,7 +13,7 @@ namespace ald {
 // A memory block is known by a handle and has an address only while it is locked. Locks count: a
 // block stays where it is until each Lock has met its Unlock. A handle that names no live block (0,
 // or one freed earlier) is harmless everywhere: it has no address and cannot be unlocked.
-class Machine {
+class ALDLIB_EXPORT Machine {
  public:
   virtual ~Machine() = default;
 
@@ -34,7 +35,7 @@ class Machine {
   virtual MemoryHandle Free(MemoryHandle hBlock) = 0;
 
   // Makes the fault that dividing the integer 1 by 0 makes on this machine. A process that takes no
-  // care of that fault ends here; one that ignores it goes on behind the call.
+  // care of that fault ends here.
   virtual void RaiseDivisionFault() = 0;
 
   // Shows `szText` on standard error and ends the process at once with exit status 3: nothing is

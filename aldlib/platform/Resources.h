@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "aldlib/platform/Export.h"
 #include "aldlib/platform/StringTable.h"
 #include "aldlib/platform/Types.h"
 
@@ -11,7 +12,7 @@ namespace ald {
 // that the whole process shares as atoms, and the application framework's record of each module.
 //
 // A module handle that names no module, 0 among them, is harmless everywhere: it carries no text.
-class Resources {
+class ALDLIB_EXPORT Resources {
  public:
   virtual ~Resources() = default;
 

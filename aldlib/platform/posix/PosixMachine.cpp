@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
@@ -32,6 +33,7 @@ void DivideOneByZero() {
 void WriteAll(const char* pText, std::size_t nLength) {
   while (nLength > 0) {
     const ssize_t nWritten = ::write(STDERR_FILENO, pText, nLength);
+    if (nWritten < 0 && errno == EINTR) continue;
     if (nWritten <= 0) return;  // there is nobody left to tell
     pText += nWritten;
     nLength -= static_cast<std::size_t>(nWritten);
