@@ -1,5 +1,7 @@
 #include "aldlib/arith/FixedDecimal.h"
 
+#include <utility>
+
 #include "aldlib/arith/Precision.h"
 
 // The value itself: constants, sign, order, and the constructors that can leave the range.
@@ -13,6 +15,12 @@ constexpr CDecimal OneDigit(int nDigit, int nValue, std::uint8_t nSign = packed:
   packed::SetDigit(bytes, nDigit, nValue);
   packed::SetSign(bytes, nSign);
   return CDecimal::FromBytes(bytes);
+}
+
+template <std::size_t... kDigit>
+constexpr std::array<CDecimal, sizeof...(kDigit)> OneDigitEach(int nValue,
+                                                               std::index_sequence<kDigit...>) {
+  return {OneDigit(static_cast<int>(kDigit), nValue)...};
 }
 
 // The product with a small factor, for the tables; the values are far below the limits.
@@ -64,18 +72,10 @@ constexpr CDecimal CDecimal::ms_nMinValue = std::numeric_limits<CDecimal>::lowes
 constexpr CDecimal CDecimal::ms_nMaxValue = std::numeric_limits<CDecimal>::max();
 constinit const CDecimal& CDecimal::ms_HalfCent = g_decHalfCent;
 
-constexpr CDecimal CDecimal::ms_anPowersOf10[kDigits] = {
-    OneDigit(0, 1),  OneDigit(1, 1),  OneDigit(2, 1),  OneDigit(3, 1),  OneDigit(4, 1),
-    OneDigit(5, 1),  OneDigit(6, 1),  OneDigit(7, 1),  OneDigit(8, 1),  OneDigit(9, 1),
-    OneDigit(10, 1), OneDigit(11, 1), OneDigit(12, 1), OneDigit(13, 1), OneDigit(14, 1),
-    OneDigit(15, 1), OneDigit(16, 1), OneDigit(17, 1), OneDigit(18, 1), OneDigit(19, 1),
-    OneDigit(20, 1), OneDigit(21, 1), OneDigit(22, 1)};
-constexpr CDecimal CDecimal::ms_anRoundAmount[kDigits] = {
-    OneDigit(0, 5),  OneDigit(1, 5),  OneDigit(2, 5),  OneDigit(3, 5),  OneDigit(4, 5),
-    OneDigit(5, 5),  OneDigit(6, 5),  OneDigit(7, 5),  OneDigit(8, 5),  OneDigit(9, 5),
-    OneDigit(10, 5), OneDigit(11, 5), OneDigit(12, 5), OneDigit(13, 5), OneDigit(14, 5),
-    OneDigit(15, 5), OneDigit(16, 5), OneDigit(17, 5), OneDigit(18, 5), OneDigit(19, 5),
-    OneDigit(20, 5), OneDigit(21, 5), OneDigit(22, 5)};
+constinit const std::array<CDecimal, CDecimal::kDigits> CDecimal::ms_anPowersOf10 =
+    OneDigitEach(1, std::make_index_sequence<CDecimal::kDigits>());
+constinit const std::array<CDecimal, CDecimal::kDigits> CDecimal::ms_anRoundAmount =
+    OneDigitEach(5, std::make_index_sequence<CDecimal::kDigits>());
 constexpr std::array<CBigInt<160>, 47> CDecimal::ms_anMathPowersOf10 = PowersOf10<CBigInt<160>>(1);
 constexpr std::array<std::array<CBigInt<160>, 47>, 10> CDecimal::ms_anMathDigitToPower10 =
     DigitTimesPowersOf10<CBigInt<160>>();

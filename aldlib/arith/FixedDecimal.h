@@ -90,9 +90,10 @@ class ALDLIB_EXPORT CFixedDecimal<23, 9> {
   static const CFixedDecimal ms_Smallest;                 // 0.000000001
   static const CFixedDecimal ms_nMinValue, ms_nMaxValue;  // -/+99999999999999.999999999
   static const CFixedDecimal& ms_HalfCent;                // half the last place of a money amount
-  static const CFixedDecimal ms_anPowersOf10[kDigits];    // entry i: 1 at digit i, 10^(i-9)
-  static const CFixedDecimal ms_anRoundAmount[kDigits];   // entry i: 5 at digit i
-  static const std::array<MathType, 47> ms_anMathPowersOf10;                      // entry i: 10^i
+  static const std::array<CFixedDecimal, kDigits>
+      ms_anPowersOf10;  // entry i: 1 at digit i, 10^(i-9)
+  static const std::array<CFixedDecimal, kDigits> ms_anRoundAmount;  // entry i: 5 at digit i
+  static const std::array<MathType, 47> ms_anMathPowersOf10;         // entry i: 10^i
   static const std::array<std::array<MathType, 47>, 10> ms_anMathDigitToPower10;  // row d: d * 10^i
   static bool ms_bInitialized;
 
