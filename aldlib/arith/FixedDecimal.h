@@ -134,8 +134,12 @@ class ALDLIB_EXPORT CFixedDecimal<23, 9> {
         return;
       }
     }
-    packed::StoreWhole(m_aBytes, nMagnitude, kDecimals);
-    if (bNegative) packed::SetSign(m_aBytes, packed::kNegative);
+    if (std::is_constant_evaluated()) {
+      packed::StoreWhole(m_aBytes, nMagnitude, kDecimals);
+      if (bNegative) packed::SetSign(m_aBytes, packed::kNegative);
+    } else {
+      StoreWhole(nMagnitude, bNegative);
+    }
   }
   explicit CFixedDecimal(const char* szText) : CFixedDecimal() { fromRawString(szText); }
   explicit CFixedDecimal(double value) : CFixedDecimal() { fromDouble(value); }
@@ -425,16 +429,24 @@ class ALDLIB_EXPORT CFixedDecimal<23, 9> {
   CFixedDecimal& SubtractByDigits(const CFixedDecimal& other);
   CFixedDecimal& MultiplyByDigits(const CFixedDecimal& other);
   CFixedDecimal& DivideByDigits(const CFixedDecimal& other);
+  CFixedDecimal& RoundByDigits(int nDecimals);
+  CFixedDecimal& ShiftByDigits(int n);
+  CFixedDecimal& ParseByDigits(const char* szText);
+  TextType PrintByDigits(int nDecimals) const;
+  CFixedDecimal& fromMathByDigits(const MathType& value);
   // The end of every fast road.
-  CFixedDecimal& StoreGood(packed::Words words);
-  CFixedDecimal& StoreDifference(packed::Words a, packed::Words b);
+  CFixedDecimal& StoreGood(packed::Words words);  // in FixedDecimalWords.h
+  void StoreWhole(std::uint64_t nMagnitude, bool bNegative);
+  bool StoreSum(packed::Words a, packed::Words b);
+  bool StoreProduct(packed::Words a, packed::Words b);
+  bool StoreQuotient(packed::Words a, packed::Words b);
+  static int CompareLastDigits(const CFixedDecimal& a, const CFixedDecimal& b);
   void SetToOverflow(bool bNegative, std::uint64_t nMagnitude);
   void StoreLimit(bool bPositive);
   DEC_STATUS AddOrSubtractExactly(const CFixedDecimal& left, const CFixedDecimal& right, bool bAdd);
   DEC_STATUS ShiftByPowerShortcut(const CFixedDecimal& right, bool& bTaken);
   DEC_STATUS StoreQuotientOrProduct(const MathType& value, bool bSameSigns);
   MathType ProductWith(const CFixedDecimal& right, bool bExact) const;
-  MathType DigitsToMath() const;
 
   packed::Bytes m_aBytes;
 };

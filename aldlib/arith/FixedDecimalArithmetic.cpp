@@ -1,5 +1,5 @@
 #include "aldlib/arith/FixedDecimal.h"
-#include "aldlib/arith/PackedWords.h"
+#include "aldlib/arith/FixedDecimalWords.h"
 
 // Addition, subtraction, multiplication, division and comparison of ordinary values, on whole words
 // at once.
@@ -18,10 +18,12 @@ using packed::UInt128;
 using packed::Words;
 
 constexpr std::uint64_t kTenTo7 = 10'000'000;
+constexpr std::uint64_t kTenTo8 = 100'000'000;
 constexpr std::uint64_t kTenTo9 = 1'000'000'000;
 constexpr std::uint64_t kTenTo10 = 10'000'000'000;
 constexpr std::uint64_t kTenTo14 = 100'000'000'000'000;
 constexpr std::uint64_t kTenTo16 = 10'000'000'000'000'000;
+constexpr std::uint64_t kTenTo18 = 1'000'000'000'000'000'000;
 
 // Two decimals at the most: the seven digits of the low word are zero, and the high one counts
 // cents.
@@ -36,15 +38,12 @@ constexpr std::uint64_t kTenTo16 = 10'000'000'000'000'000;
 
 }  // namespace
 
-[[gnu::always_inline]] inline CDecimal& CDecimal::StoreGood(Words words) {
-  packed::Store(words, m_aBytes);
-  m_pTlsData_storage.m_eLastStatus = DEC_OK;
-  return *this;
-}
-
-// Apart from the road of like signs, so that that one saves no registers.
-[[gnu::noinline]] CDecimal& CDecimal::StoreDifference(Words a, Words b) {
-  return StoreGood(packed::DifferenceOfDigits(a, b));
+// Apart from the road of cents, so that that one saves no registers.
+[[gnu::noinline]] bool CDecimal::StoreSum(Words a, Words b) {
+  if (packed::AddWords(a, b)) [[unlikely]]
+    return false;
+  StoreGood(a);
+  return true;
 }
 
 CDecimal& CDecimal::op_Add(const CDecimal& other) {
@@ -52,11 +51,9 @@ CDecimal& CDecimal::op_Add(const CDecimal& other) {
   const Words b = packed::Load(other.m_aBytes);
   if (RegistryExists() || !packed::HavePlainSigns(a, b)) [[unlikely]]
     return AddByDigits(other);
-  if (!packed::HaveLikeSigns(a, b)) return StoreDifference(a, b);
-  // Two zeros that are marked negative make a positive one.
-  if (packed::AddDigits(a, b) || (a.nHigh | (a.nLow ^ packed::kNegative)) == 0) [[unlikely]] {
+  if (!AreCents(a, b)) return StoreSum(a, b) ? *this : AddByDigits(other);
+  if (packed::AddHighWords(a, b)) [[unlikely]]
     return AddByDigits(other);
-  }
   return StoreGood(a);
 }
 
@@ -67,10 +64,9 @@ CDecimal& CDecimal::op_Subtract(const CDecimal& other) {
   if (RegistryExists() || !packed::HavePlainSigns(a, b)) [[unlikely]]
     return SubtractByDigits(other);
   b.nLow ^= packed::kPlusBit;
-  if (!packed::HaveLikeSigns(a, b)) return StoreDifference(a, b);
-  if (packed::AddDigits(a, b) || (a.nHigh | (a.nLow ^ packed::kNegative)) == 0) [[unlikely]] {
+  if (!AreCents(a, b)) return StoreSum(a, b) ? *this : SubtractByDigits(other);
+  if (packed::AddHighWords(a, b)) [[unlikely]]
     return SubtractByDigits(other);
-  }
   return StoreGood(a);
 }
 
@@ -79,19 +75,24 @@ CDecimal& CDecimal::op_Multiply(const CDecimal& other) {
   const Words b = packed::Load(other.m_aBytes);
   if (RegistryExists() || !packed::HavePlainSigns(a, b)) [[unlikely]]
     return MultiplyByDigits(other);
-  const std::uint64_t nSign = packed::SignOfProduct(a, b);
-
-  if (AreCents(a, b)) {
-    const auto [nLeft, nRight] = BinaryOf(a.nHigh, b.nHigh);
-    std::uint64_t nProduct;  // four decimals
-    if (!__builtin_mul_overflow(nLeft, nRight, &nProduct) && nProduct != 0 &&
-        nProduct / 100 < kTenTo16) {
-      return StoreGood(Signed(DigitsOf(nProduct / 100, nProduct % 100 * 1'000'000), nSign));
-    }
+  if (!AreCents(a, b)) return StoreProduct(a, b) ? *this : MultiplyByDigits(other);
+  const auto [nLeft, nRight] = BinaryOf(a.nHigh, b.nHigh);
+  std::uint64_t nProduct;  // four decimals
+  if (__builtin_mul_overflow(nLeft, nRight, &nProduct) || nProduct == 0 ||
+      nProduct / 100 >= kTenTo16) [[unlikely]] {
     return MultiplyByDigits(other);
   }
+  // Each quotient comes from the product itself, not from the one before it: they run side by side.
+  const std::uint64_t nHundredth = nProduct / 100;
+  const std::uint64_t nTop = nProduct / kTenTo10;
+  const Words digits =
+      DigitsOf(nTop, nHundredth - nTop * kTenTo8, (nProduct - nHundredth * 100) * 1'000'000);
+  return StoreGood(Signed(digits, packed::SignOfProduct(a, b)));
+}
 
-  // Split at the point: (I + f) * (J + g) = IJ + (Ig + Jf + fg).
+// Split at the point: (I + f) * (J + g) = IJ + (Ig + Jf + fg). Returns false, with nothing stored,
+// if the product is zero or does not fit.
+[[gnu::noinline]] bool CDecimal::StoreProduct(Words a, Words b) {
   const auto [nLeft, nRight] = BinaryOf(a.nHigh >> 8, b.nHigh >> 8);
   const auto [nLeftPart, nRightPart] =
       BinaryOf((a.nHigh & 0xFF) << 28 | a.nLow >> 4, (b.nHigh & 0xFF) << 28 | b.nLow >> 4);
@@ -106,28 +107,35 @@ CDecimal& CDecimal::op_Multiply(const CDecimal& other) {
   } else {
     const UInt128 nCross = UInt128{nLeft} * nRightPart + UInt128{nRight} * nLeftPart + nRounded;
     const UInt128 nSum = UInt128{nLeft} * nRight + nCross / kTenTo9;
-    if (nSum >= kTenTo14) return MultiplyByDigits(other);
+    if (nSum >= kTenTo14) return false;
     nWhole = static_cast<std::uint64_t>(nSum);
     nPart = static_cast<std::uint64_t>(nCross % kTenTo9);
   }
   if (nWhole >= kTenTo14 || (nWhole | nPart) == 0) [[unlikely]]
-    return MultiplyByDigits(other);
-  return StoreGood(Signed(DigitsOf(nWhole * 100 + nPart / kTenTo7, nPart % kTenTo7 * 10), nSign));
+    return false;
+  const std::uint64_t nTop = nWhole / 1'000'000;
+  const std::uint64_t nTwoDecimals = nPart / kTenTo7;
+  StoreGood(Signed(DigitsOf(nTop, (nWhole - nTop * 1'000'000) * 100 + nTwoDecimals,
+                            (nPart - nTwoDecimals * kTenTo7) * 10),
+                   packed::SignOfProduct(a, b)));
+  return true;
 }
 
 namespace {
 
-// nHigh * 2^64 + nLow by nDivisor; nHigh must be the smaller, so that the quotient fits.
-[[gnu::always_inline]] inline std::uint64_t Divide128By64(UInt128 nDividend,
-                                                          std::uint64_t nDivisor) {
-#if defined(__x86_64__) && !defined(ALDLIB_PORTABLE_ARITHMETIC)
-  auto nHigh = static_cast<std::uint64_t>(nDividend >> 64);
-  auto nLow = static_cast<std::uint64_t>(nDividend);
-  __asm__("divq %2" : "+a"(nLow), "+d"(nHigh) : "r"(nDivisor) : "cc");
-  return nLow;
-#else
-  return static_cast<std::uint64_t>(nDividend / nDivisor);
-#endif
+// The digits of a quotient with ten decimals, the tenth of which rounds it; false if it is zero or
+// does not fit.
+template <class TWide>
+[[gnu::always_inline]] inline bool DigitsOfQuotient(TWide nQuotient, Words& digits) {
+  const TWide nRounded = nQuotient + 5;
+  const TWide nTop = nRounded / kTenTo16;
+  const TWide nUpper = nRounded / kTenTo8;
+  const auto nLow = static_cast<std::uint64_t>(nRounded - nUpper * kTenTo8) / 10;
+  if (nTop >= kTenTo8 || nRounded < 10) [[unlikely]]
+    return false;
+  digits = DigitsOf(static_cast<std::uint64_t>(nTop),
+                    static_cast<std::uint64_t>(nUpper - nTop * kTenTo8), nLow * 10);
+  return true;
 }
 
 }  // namespace
@@ -137,61 +145,65 @@ CDecimal& CDecimal::op_Divide(const CDecimal& other) {
   const Words b = packed::Load(other.m_aBytes);
   if (RegistryExists() || !packed::HavePlainSigns(a, b)) [[unlikely]]
     return DivideByDigits(other);
-
-  // Dividend and divisor on one scale, times ten where a low word takes part, so that no nibble has
-  // to be moved. The quotient has ten decimals, cut; the tenth rounds it.
+  if (!AreCents(a, b)) return StoreQuotient(a, b) ? *this : DivideByDigits(other);
   const auto [nLeft, nRight] = BinaryOf(a.nHigh, b.nHigh);
-  UInt128 nQuotient;
-  constexpr std::uint64_t kMostCents = ~std::uint64_t{0} / kTenTo10;
-  if (AreCents(a, b)) {
-    if (nLeft == 0 || nRight == 0) return DivideByDigits(other);
-    if (nLeft <= kMostCents) {
-      nQuotient = nLeft * kTenTo10 / nRight;
-    } else {
-      nQuotient = UInt128{nLeft} * kTenTo10 / nRight;
-    }
-  } else {
-    const auto [nLeftLow, nRightLow] =
-        BinaryOf(a.nLow & packed::kLowDigits, b.nLow & packed::kLowDigits);
-    const UInt128 nDividend = (UInt128{nLeft} * 100'000'000 + nLeftLow) * kTenTo10;  // below 2^114
-    const UInt128 nDivisor = UInt128{nRight} * 100'000'000 + nRightLow;
-    if (nDividend == 0 || nDivisor == 0) return DivideByDigits(other);
-    if (nDivisor >> 64 == 0 && nDividend >> 64 < nDivisor) [[likely]] {
-      nQuotient = Divide128By64(nDividend, static_cast<std::uint64_t>(nDivisor));
-    } else {
-      nQuotient = nDividend / nDivisor;
-    }
+  constexpr std::uint64_t kMostCents = (~std::uint64_t{0} - 5) / kTenTo10;
+  Words digits;
+  if (nLeft > kMostCents || nRight == 0) [[unlikely]] {
+    return StoreQuotient(a, b) ? *this : DivideByDigits(other);
   }
-  std::uint64_t nHigh;
-  std::uint64_t nLow;
-  if (nQuotient >> 63 == 0) [[likely]] {
-    const std::uint64_t nRounded = (static_cast<std::uint64_t>(nQuotient) + 5) / 10;
-    nHigh = nRounded / kTenTo7;
-    nLow = nRounded % kTenTo7 * 10;
-    if (nRounded == 0) return DivideByDigits(other);
-  } else {
-    const UInt128 nRounded = (nQuotient + 5) / 10;
-    const UInt128 nTop = nRounded / kTenTo7;
-    if (nTop >= kTenTo16) return DivideByDigits(other);
-    nHigh = static_cast<std::uint64_t>(nTop);
-    nLow = static_cast<std::uint64_t>(nRounded % kTenTo7) * 10;
-  }
-  return StoreGood(Signed(DigitsOf(nHigh, nLow), packed::SignOfProduct(a, b)));
+  if (!DigitsOfQuotient(nLeft * kTenTo10 / nRight, digits)) [[unlikely]]
+    return DivideByDigits(other);
+  return StoreGood(Signed(digits, packed::SignOfProduct(a, b)));
 }
 
-// The first difference in the upper 22 digits decides; one in the last digit alone answers with its
-// amount, which callers may see.
+// Dividend and divisor both count as ten times what they are, which saves moving their digits.
+// Returns false, with nothing stored, if one of them or the quotient is zero, or if it does not
+// fit.
+[[gnu::noinline]] bool CDecimal::StoreQuotient(Words a, Words b) {
+  const auto [nLeft, nRight] = BinaryOf(a.nHigh, b.nHigh);
+  const auto [nLeftLow, nRightLow] = packed::BinaryOfLows(a, b);
+  const UInt128 nDividend = UInt128{nLeft} * kTenTo18 + nLeftLow * kTenTo10;  // below 2^114
+  const UInt128 nDivisor = UInt128{nRight} * kTenTo8 + nRightLow;
+  if (nDivisor == 0) return false;
+  Words digits;
+  if (nDivisor >> 64 == 0 && nDividend >> 63 < nDivisor) [[likely]] {
+    if (!DigitsOfQuotient(packed::Divide128By64(nDividend, static_cast<std::uint64_t>(nDivisor)),
+                          digits)) {
+      return false;
+    }
+  } else if (!DigitsOfQuotient(nDividend / nDivisor, digits)) {
+    return false;
+  }
+  StoreGood(Signed(digits, packed::SignOfProduct(a, b)));
+  return true;
+}
+
 int CDecimal::Compare(const CDecimal& a, const CDecimal& b) {
   const Words left = packed::Load(a.m_aBytes);
   const Words right = packed::Load(b.m_aBytes);
-  const bool bNegative = a.IsNegative();
-  if (bNegative != b.IsNegative()) return bNegative ? -1 : 1;
-  const int nSense = bNegative ? -1 : 1;
-  if (left.nHigh != right.nHigh) return left.nHigh < right.nHigh ? -nSense : nSense;
+  if (left.nHigh == right.nHigh) [[unlikely]]
+    return CompareLastDigits(a, b);
+  // Signs and order are as random as the data: masks instead of branches.
+  const int nLeftMinus = packed::MinusMask(left);
+  const int nRightMinus = packed::MinusMask(right);
+  const int nOrder = (left.nHigh < right.nHigh ? -1 : 1) ^ nLeftMinus;  // -1 or 1, or else -2 or 0
+  const int nUnlike = nLeftMinus ^ nRightMinus;
+  return ((nOrder - nLeftMinus) & ~nUnlike) | ((nLeftMinus - nRightMinus) & nUnlike);
+}
+
+// The sixteen upper digits are alike. A difference in the last digit alone answers with its amount,
+// which callers may see.
+[[gnu::noinline]] int CDecimal::CompareLastDigits(const CDecimal& a, const CDecimal& b) {
+  const Words left = packed::Load(a.m_aBytes);
+  const Words right = packed::Load(b.m_aBytes);
+  const int nLeftMinus = packed::MinusMask(left);
+  const int nRightMinus = packed::MinusMask(right);
+  if (nLeftMinus != nRightMinus) return nLeftMinus - nRightMinus;
+  const int nSense = 1 + 2 * nLeftMinus;
   if (left.nLow >> 8 != right.nLow >> 8) return left.nLow < right.nLow ? -nSense : nSense;
-  const int nDifference =
-      static_cast<int>(left.nLow >> 4 & 0xF) - static_cast<int>(right.nLow >> 4 & 0xF);
-  if (nDifference != 0 || !RegistryExists()) return nSense * nDifference;
+  const int nDifference = packed::GetDigit(a.m_aBytes, 0) - packed::GetDigit(b.m_aBytes, 0);
+  if (nDifference != 0) return nSense * nDifference;
   if (FindItem(&a) == nullptr && FindItem(&b) == nullptr) return 0;
   return MathType::CompareSigned(a.toMathType(), b.toMathType());
 }

@@ -1,9 +1,9 @@
 #include "aldlib/arith/FixedDecimal.h"
 
-// The four operations as they are defined, digit by digit. This is the road for every corner
-// (values past the limits, zeros, results that vanish, odd signs), and what the fast roads of
-// FixedDecimalArithmetic.cpp are held to: while any object has an overflow item, all of the
-// arithmetic runs here.
+// The four operations, rounding and scaling as they are defined, digit by digit. This is the road
+// for every corner (values past the limits, zeros, results that vanish, odd signs), and what the
+// fast roads of FixedDecimalArithmetic.cpp are held to: while any object has an overflow item, all
+// of the arithmetic runs here.
 //
 // The digits do the work where they can. Where an operand is past the limits, or the result is, the
 // 160-bit integers take over: they hold the exact value, which fromMathType keeps in the registry
@@ -212,6 +212,68 @@ CDecimal& CDecimal::DivideByDigits(const CDecimal& other) {
       eStatus = StoreQuotientOrProduct(quotient / MathType::ms_Ten,
                                        saved.IsNegative() == divisor.IsNegative());
     }
+  }
+  RaiseStatus(eStatus, this);
+  return *this;
+}
+
+CDecimal& CDecimal::RoundByDigits(int nDecimals) {
+  DEC_STATUS eStatus = DEC_OK;
+  if (nDecimals <= -kWholeDigits) {
+    SetToZero();
+  } else if (nDecimals < kDecimals) {
+    const bool bNegative = IsNegative();
+    SetPositive();
+    const auto nGoing = static_cast<std::size_t>(kDecimals - nDecimals);
+    {
+      const CQuietScope quiet;
+      op_Add(ms_anRoundAmount[nGoing - 1]);
+      eStatus = GetLastStatus();
+    }
+    const COverflowItem* pItem = IsOverflow(eStatus) ? FindItem(this) : nullptr;
+    if (pItem != nullptr) {
+      const MathType& unit = ms_anMathPowersOf10[nGoing];
+      fromMathType(pItem->m_MathValue / unit * unit);
+    } else {
+      packed::ClearDigits(m_aBytes, 0, static_cast<int>(nGoing));
+    }
+    if (bNegative) SetNegative();
+  }
+  RaiseStatus(eStatus, this);
+  return *this;
+}
+
+// Neither direction touches the sign nibble or the registry: an overflow has no item, so that no
+// handler is called for it, and a negative value whose digits all go stays marked negative until a
+// handler clears it.
+CDecimal& CDecimal::ShiftByDigits(int n) {
+  DEC_STATUS eStatus = DEC_OK;
+  const bool bZero = Compare(*this, ms_Zero) == 0;
+  if (n >= kDigits) {
+    if (!bZero) eStatus = DEC_OVERFLOW;
+  } else if (n > 0) {
+    if (packed::AreZero(m_aBytes, kDigits - n, kDigits)) {
+      ShiftDigits(n);
+    } else {
+      eStatus = DEC_OVERFLOW;
+    }
+  } else if (n <= -kDigits) {
+    if (!bZero) eStatus = DEC_UNDERFLOW;
+    packed::ClearDigits(m_aBytes, 0, kDigits);
+  } else if (n < 0) {
+    const bool bLost = !packed::AreZero(m_aBytes, 0, -n);
+    const int nRoundingDigit = packed::GetDigit(m_aBytes, -n - 1);
+    ShiftDigits(n);
+    bool bKept = !IsZeroDigits();
+    if (nRoundingDigit >= 5) {
+      if (IsNegative()) {
+        op_Subtract(ms_Smallest);
+      } else {
+        op_Add(ms_Smallest);
+      }
+      bKept = true;
+    }
+    if (bLost && !bKept) eStatus = DEC_UNDERFLOW;
   }
   RaiseStatus(eStatus, this);
   return *this;

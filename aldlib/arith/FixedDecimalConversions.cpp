@@ -5,25 +5,77 @@
 #include <type_traits>
 
 #include "aldlib/arith/FixedDecimal.h"
+#include "aldlib/arith/FixedDecimalWords.h"
 
 // To and from the math type, double and the integer types.
 namespace ald {
 
-CBigInt<160> CDecimal::toMathType() const {
-  const COverflowItem* pItem = FindItem(this);
-  if (pItem != nullptr) return pItem->m_MathValue;
-  MathType value;
-  for (int i = 0; i < kDigits; ++i) {
-    // A damaged record can hold a nibble that is no digit: it counts as 9.
-    const auto nDigit = static_cast<std::size_t>(std::min(packed::GetDigit(m_aBytes, i), 9));
-    if (nDigit != 0) value.op_Add(ms_anMathDigitToPower10[nDigit][static_cast<std::size_t>(i)]);
+namespace {
+
+constexpr std::uint64_t kTenTo7 = 10'000'000;
+constexpr std::uint64_t kTenTo8 = 100'000'000;
+constexpr std::uint64_t kTenTo16 = 10'000'000'000'000'000;
+
+packed::UInt128 LowWordsOf(const CDecimal::MathType& value) {
+  packed::UInt128 n = 0;
+  for (int i = 3; i >= 0; --i) n = n << 32 | value.m_aWords[i];
+  return n;
+}
+
+CDecimal::MathType MathOf(packed::UInt128 nMagnitude, bool bNegative) {
+  CDecimal::MathType value;
+  const packed::UInt128 n = bNegative ? 0 - nMagnitude : nMagnitude;
+  for (int i = 0; i < 4; ++i) value.m_aWords[i] = static_cast<std::uint32_t>(n >> (32 * i));
+  value.m_aWords[4] = bNegative && nMagnitude != 0 ? ~0U : 0U;
+  return value;
+}
+
+template <class TInteger>
+constexpr bool kWide =
+    std::is_same_v<TInteger, long long> || std::is_same_v<TInteger, unsigned long long>;
+
+// A fold of 32 bits is a number of 32 bits: signed types read its top bit as the sign, whatever
+// their own width.
+template <class TInteger>
+TInteger FoldTo(std::uint64_t nWhole, bool bNegative) {
+  using Fold = std::conditional_t<kWide<TInteger>, std::uint64_t, std::uint32_t>;
+  const auto nFold = static_cast<Fold>(bNegative ? 0 - nWhole : nWhole);
+  if constexpr (std::is_signed_v<TInteger>) {
+    return static_cast<TInteger>(static_cast<std::make_signed_t<Fold>>(nFold));
+  } else {
+    return static_cast<TInteger>(nFold);
   }
-  return IsNegative() ? -value : value;
+}
+
+}  // namespace
+
+CBigInt<160> CDecimal::toMathType() const {
+  if (const COverflowItem* pItem = FindItem(this)) return pItem->m_MathValue;
+  // Sixteen digits, and seven that count ten times.
+  const packed::Words words = packed::Load(m_aBytes);
+  const std::uint64_t nHigh = packed::BinaryOf(words.nHigh, 0).nFirst;
+  const std::uint64_t nLow = packed::BinaryOfLows(words, words).nFirst / 10;
+  return MathOf(packed::UInt128{nHigh} * kTenTo7 + nLow, IsNegative());
+}
+
+CDecimal& CDecimal::fromMathType(const MathType& value) {
+  if (RegistryExists()) return fromMathByDigits(value);
+  const bool bNegative = value.IsNegative();
+  const MathType magnitude = value.Abs();
+  const packed::UInt128 nMagnitude = LowWordsOf(magnitude);
+  // The quotient by 10^7 fits a word for sure where the upper word is below it.
+  if (magnitude.m_aWords[4] != 0 || nMagnitude >> 64 >= kTenTo7) return fromMathByDigits(value);
+  const std::uint64_t nHigh = packed::Divide128By64(nMagnitude, kTenTo7);
+  const std::uint64_t nLow = static_cast<std::uint64_t>(nMagnitude) - nHigh * kTenTo7;
+  if (nHigh >= kTenTo16) return fromMathByDigits(value);
+  packed::Words words = packed::DigitsOf(nHigh / kTenTo8, nHigh % kTenTo8, nLow * 10);
+  words.nLow |= bNegative && nMagnitude != 0 ? packed::kNegative : packed::kPositive;
+  return StoreGood(words);
 }
 
 // The boundary between exact values and 23 digits, and the one place where overflow is found and
 // recorded.
-CDecimal& CDecimal::fromMathType(const MathType& value) {
+CDecimal& CDecimal::fromMathByDigits(const MathType& value) {
   const MathType exact = value;
   SetToZero();
 
@@ -84,9 +136,13 @@ double CDecimal::toDouble() const {
 
 template <class TInteger>
 TInteger CDecimal::toIntType(bool bRound) const {
-  constexpr bool kWide =
-      std::is_same_v<TInteger, long long> || std::is_same_v<TInteger, unsigned long long>;
-  using Fold = std::conditional_t<kWide, std::uint64_t, std::uint32_t>;
+  if (!RegistryExists()) [[likely]] {
+    const packed::Words words = packed::Load(m_aBytes);
+    std::uint64_t nWhole = packed::BinaryOf(words.nHigh >> 8, 0).nFirst;
+    if (bRound && (words.nHigh >> 4 & 0xF) >= 5) ++nWhole;
+    // Rounded past the limit it is the corner of the exact values below.
+    if (nWhole <= kLargestWhole) return FoldTo<TInteger>(nWhole, IsNegative());
+  }
 
   CDecimal copy(*this);
   if (bRound) {
@@ -96,24 +152,25 @@ TInteger CDecimal::toIntType(bool bRound) const {
     copy.Round(0);
     m_pTlsData->m_eLastStatus = eLastStatus;
   }
-  if constexpr (kWide) {
+  if constexpr (kWide<TInteger>) {
     if (const COverflowItem* pItem = FindItem(&copy)) {
       const MathType whole = pItem->m_MathValue / ms_anMathPowersOf10[kDecimals];
       return static_cast<TInteger>(std::uint64_t{whole.m_aWords[1]} << 32 | whole.m_aWords[0]);
     }
   }
-  Fold nFold = 0;
+  std::uint64_t nWhole = 0;
   for (int i = kDigits - 1; i >= kDecimals; --i) {
-    nFold = nFold * 10 + static_cast<Fold>(packed::GetDigit(copy.m_aBytes, i));
+    nWhole = nWhole * 10 + static_cast<std::uint64_t>(packed::GetDigit(copy.m_aBytes, i));
   }
-  if (copy.IsNegative()) nFold = 0 - nFold;
-  // A fold of 32 bits is a number of 32 bits: signed types read its top bit as the sign, whatever
-  // their own width.
-  if constexpr (std::is_signed_v<TInteger>) {
-    return static_cast<TInteger>(static_cast<std::make_signed_t<Fold>>(nFold));
-  } else {
-    return static_cast<TInteger>(nFold);
-  }
+  return FoldTo<TInteger>(nWhole, copy.IsNegative());
+}
+
+// At most 14 digits.
+void CDecimal::StoreWhole(std::uint64_t nMagnitude, bool bNegative) {
+  const std::uint64_t nTop = nMagnitude / 1'000'000;
+  packed::Words words = packed::DigitsOf(nTop, (nMagnitude - nTop * 1'000'000) * 100, 0);
+  words.nLow = bNegative ? packed::kNegative : packed::kPositive;
+  packed::Store(words, m_aBytes);
 }
 
 template short CDecimal::toIntType<short>(bool) const;

@@ -1,80 +1,60 @@
+#include <bit>
+
 #include "aldlib/arith/FixedDecimal.h"
+#include "aldlib/arith/FixedDecimalWords.h"
 
 // Rounding is half away from zero everywhere, by adding 5 to the magnitude and cutting. Scaling by
 // powers of ten moves digits.
 namespace ald {
 
 CDecimal& CDecimal::Round(int nDecimals) {
-  DEC_STATUS eStatus = DEC_OK;
-  if (nDecimals <= -kWholeDigits) {
-    SetToZero();
-  } else if (nDecimals < kDecimals) {
-    const bool bNegative = IsNegative();
-    SetPositive();
-    const auto nGoing = static_cast<std::size_t>(kDecimals - nDecimals);
-    {
-      const CQuietScope quiet;
-      op_Add(ms_anRoundAmount[nGoing - 1]);
-      eStatus = GetLastStatus();
-    }
-    const COverflowItem* pItem = IsOverflow(eStatus) ? FindItem(this) : nullptr;
-    if (pItem != nullptr) {
-      const MathType& unit = ms_anMathPowersOf10[nGoing];
-      fromMathType(pItem->m_MathValue / unit * unit);
-    } else {
-      packed::ClearDigits(m_aBytes, 0, static_cast<int>(nGoing));
-    }
-    if (bNegative) SetNegative();
+  packed::Words words = packed::Load(m_aBytes);
+  if (RegistryExists() || !packed::HasPlainSign(words) || nDecimals <= -kWholeDigits ||
+      nDecimals >= kDecimals ||
+      packed::RoundWords(words, packed::kRounding[static_cast<std::size_t>(kDecimals - nDecimals)]))
+      [[unlikely]] {
+    return RoundByDigits(nDecimals);
   }
-  RaiseStatus(eStatus, this);
-  return *this;
+  words.nLow |= std::uint64_t{packed::HasZeroDigits(words)} << 1;  // a zero is positive
+  return StoreGood(words);
 }
 
-// Neither direction touches the sign nibble or the registry: an overflow has no item, so that no
-// handler is called for it, and a negative value whose digits all go stays marked negative until a
-// handler clears it.
 CDecimal& CDecimal::ShiftByPower10(int n) {
-  DEC_STATUS eStatus = DEC_OK;
-  const bool bZero = Compare(*this, ms_Zero) == 0;
-  if (n >= kDigits) {
-    if (!bZero) eStatus = DEC_OVERFLOW;
-  } else if (n > 0) {
-    if (packed::AreZero(m_aBytes, kDigits - n, kDigits)) {
-      ShiftDigits(n);
-    } else {
-      eStatus = DEC_OVERFLOW;
-    }
-  } else if (n <= -kDigits) {
-    if (!bZero) eStatus = DEC_UNDERFLOW;
-    packed::ClearDigits(m_aBytes, 0, kDigits);
-  } else if (n < 0) {
-    const bool bLost = !packed::AreZero(m_aBytes, 0, -n);
-    const int nRoundingDigit = packed::GetDigit(m_aBytes, -n - 1);
-    ShiftDigits(n);
-    bool bKept = !IsZeroDigits();
-    if (nRoundingDigit >= 5) {
-      if (IsNegative()) {
-        op_Subtract(ms_Smallest);
-      } else {
-        op_Add(ms_Smallest);
-      }
-      bKept = true;
-    }
-    if (bLost && !bKept) eStatus = DEC_UNDERFLOW;
+  constexpr int kDigitBits = 4 * kDigits;
+  packed::Words words = packed::Load(m_aBytes);
+  if (RegistryExists() || !packed::HasPlainSign(words) || n <= -kDigits || n >= kDigits)
+      [[unlikely]] {
+    return ShiftByDigits(n);
   }
-  RaiseStatus(eStatus, this);
-  return *this;
+  packed::UInt128 nDigits = packed::UInt128{words.nHigh} << 28 | words.nLow >> 4;
+  bool bRoundUp = false;
+  if (n >= 0) {
+    if (nDigits >> 1 >> (kDigitBits - 1 - 4 * n) != 0) return ShiftByDigits(n);
+    nDigits <<= 4 * n;
+  } else {
+    const packed::UInt128 nMoved = nDigits >> (-4 * n);
+    bRoundUp = (nDigits >> (-4 * n - 4) & 0xF) >= 5;
+    if (nMoved == 0 && !bRoundUp && nDigits != 0) return ShiftByDigits(n);
+    nDigits = nMoved;
+  }
+  words.nHigh = static_cast<std::uint64_t>(nDigits >> 28);
+  words.nLow = (static_cast<std::uint64_t>(nDigits) << 4 & packed::kLowDigits) |
+               (words.nLow & packed::kSignMask);
+  if (bRoundUp) packed::AddToDigits(words, 0, 0x10);
+  return StoreGood(words);
 }
 
 int CDecimal::FindPower10() const {
-  int nFound = kNoPower;
-  for (int i = 0; i < kDigits; ++i) {
-    const int nDigit = packed::GetDigit(m_aBytes, i);
-    if (nDigit == 0) continue;
-    if (nDigit != 1 || nFound != kNoPower) return kNoPower;
-    nFound = i - kDecimals;
+  // One bit in all, and that the lowest one of a nibble.
+  const packed::Words words = packed::Load(m_aBytes);
+  const std::uint64_t nLow = words.nLow & packed::kLowDigits;
+  const std::uint64_t nOne = words.nHigh | nLow;
+  if ((words.nHigh != 0 && nLow != 0) || !std::has_single_bit(nOne) ||
+      (nOne & packed::kUnits) == 0) {
+    return kNoPower;
   }
-  return nFound;
+  const int nDigit = std::countr_zero(nOne) / 4;
+  return nLow != 0 ? nDigit - 1 - kDecimals : nDigit + 7 - kDecimals;
 }
 
 int CDecimal::CountTrailingZeroDecimals() const {

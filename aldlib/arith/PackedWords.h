@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -8,7 +9,7 @@
 
 #if defined(__SSE2__) && !defined(ALDLIB_PORTABLE_ARITHMETIC)
 #define ALDLIB_PACKED_SSE2 1
-#include <emmintrin.h>
+#include <x86intrin.h>
 #else
 #define ALDLIB_PACKED_SSE2 0
 #endif
@@ -64,94 +65,172 @@ inline constexpr std::uint64_t kPlusBit = 2;
 }
 // The same of both: a bit that either lacks is lacking in the conjunction.
 [[gnu::always_inline]] inline bool HavePlainSigns(Words a, Words b) {
-  return ((a.nLow & b.nLow) | kPlusBit | ~kSignMask) == ~std::uint64_t{0};
+  return (a.nLow & b.nLow & (kSignMask ^ kPlusBit)) == (kSignMask ^ kPlusBit);
 }
 // Of two plain signs.
 [[gnu::always_inline]] inline bool HaveLikeSigns(Words a, Words b) {
   return ((a.nLow ^ b.nLow) & kPlusBit) == 0;
 }
+// -1 for the sign 0xD, 0 for any other.
+[[gnu::always_inline]] inline int MinusMask(Words a) {
+  return static_cast<int>(static_cast<unsigned>((a.nLow & kSignMask) ^ kNegative) - 1) >> 31;
+}
 [[gnu::always_inline]] inline bool HasZeroDigits(Words a) {
   return (a.nHigh | (a.nLow & kLowDigits)) == 0;
+}
+[[gnu::always_inline]] inline bool IsNegativeZero(Words a) {
+  return (a.nHigh | (a.nLow ^ kNegative)) == 0;
 }
 // The sign nibble of a product or a quotient.
 [[gnu::always_inline]] inline std::uint64_t SignOfProduct(Words a, Words b) {
   return kSignMask ^ ((a.nLow ^ b.nLow) & kPlusBit);
 }
 
-// Adds the digits of b to a, which keeps its sign. Returns whether the top digit carried; a is of
-// no use then.
-[[gnu::always_inline]] inline bool AddDigits(Words& a, Words b) {
-  constexpr std::uint64_t kSixesLow = 0x66666660;
-  constexpr std::uint64_t kCarriesLow = 0x1'1111'1100;  // into digits 1 to 6 and out of digit 6
-  constexpr std::uint64_t kSixesHigh = 0x6666666666666666;
-  constexpr std::uint64_t kCarriesHigh = 0x1111111111111110;  // into digits 8 to 22
-
-  // A sum of digits carries in base sixteen once 6 is added to it; the carry shows as a difference
-  // from the sum without carries. Where a digit carried, 6 stays added: 3 times the mark that
-  // stands three bits too high.
-  const std::uint64_t nLowOther = b.nLow & kLowDigits;
-  const std::uint64_t nLowSixes = a.nLow + kSixesLow;
-  const std::uint64_t nLowCarries = ((nLowSixes + nLowOther) ^ nLowSixes ^ nLowOther) & kCarriesLow;
-  const std::uint64_t nLow = a.nLow + nLowOther + 3 * (nLowCarries >> 3);
-  const std::uint64_t nCarry = nLowCarries >> 32;
-
-  const std::uint64_t nHighOther = b.nHigh + nCarry;
-  const std::uint64_t nHighSixes = a.nHigh + kSixesHigh;
-  std::uint64_t nSum;
-  const bool bTop = __builtin_add_overflow(nHighSixes, nHighOther, &nSum);
-  const std::uint64_t nHighCarries = (nSum ^ nHighSixes ^ nHighOther) & kCarriesHigh;
-  a.nHigh = a.nHigh + nHighOther + 3 * (nHighCarries >> 3);
-  a.nLow = nLow & 0xFFFFFFFF;
-  return bTop;
+// The sum of two words and a carry; returns the carry out of it.
+[[gnu::always_inline]] inline bool AddWithCarry(bool bCarry, std::uint64_t a, std::uint64_t b,
+                                                std::uint64_t& nSum) {
+#if ALDLIB_PACKED_SSE2 && defined(__x86_64__)
+  unsigned long long nResult;
+  bCarry = _addcarry_u64(bCarry, a, b, &nResult) != 0;
+  nSum = nResult;
+  return bCarry;
+#else
+  const bool bFirst = __builtin_add_overflow(a, b, &nSum);
+  return __builtin_add_overflow(nSum, std::uint64_t{bCarry}, &nSum) | bFirst;
+#endif
 }
 
-// The difference of two magnitudes, with the sign of the larger; of equal ones plus zero. Signs
-// must be plain.
-[[gnu::always_inline]] inline Words DifferenceOfDigits(Words a, Words b) {
-  constexpr std::uint64_t kBorrowsLow = 0x1'1111'1100;
-  constexpr std::uint64_t kBorrowsHigh = 0x1111111111111110;
+inline constexpr std::uint64_t kUnits = 0x1111111111111111;  // 1 in every digit
 
-  // Which is larger is as random as the data: the two change places under a mask, not by a branch.
-  const std::uint64_t nLowBorrow = ((a.nLow & kLowDigits) - (b.nLow & kLowDigits)) >> 63;
-  std::uint64_t nUnused;
-  const bool bSwap = __builtin_sub_overflow(a.nHigh, b.nHigh, &nUnused) |
-                     ((a.nHigh == b.nHigh) & (nLowBorrow != 0));
-  const std::uint64_t nMask = 0 - std::uint64_t{bSwap};
-  const std::uint64_t nSwapHigh = (a.nHigh ^ b.nHigh) & nMask;
-  const std::uint64_t nSwapLow = (a.nLow ^ b.nLow) & nMask;
-  const std::uint64_t nHigh = a.nHigh ^ nSwapHigh;
-  const std::uint64_t nLow = a.nLow ^ nSwapLow;
-  const std::uint64_t nHighOther = b.nHigh ^ nSwapHigh;
-  const std::uint64_t nLowOther = (b.nLow ^ nSwapLow) & kLowDigits;
+// The terms of a sum of digits, and what becomes of it. A digit sum carries in base sixteen once it
+// has 6 added. Unlike signs complement the smaller magnitude, 15 - d in every nibble: that is 9 - d
+// with the 6 already in it, and the 1 that a complement is short of comes in below the last digit.
+struct DigitSum {
+  std::uint64_t nSum;
+  bool bCarry;  // out of the top digit
 
-  // A digit that borrowed sixteen should have borrowed ten: it gives 6 back.
-  const std::uint64_t nLowRest = nLow - nLowOther;
-  const std::uint64_t nLowBorrows = (nLowRest ^ nLow ^ nLowOther) & kBorrowsLow;
-  const std::uint64_t nHighRest = nHigh - nHighOther - (nLowRest >> 63);
-  const std::uint64_t nHighBorrows = (nHighRest ^ nHigh ^ nHighOther) & kBorrowsHigh;
-  Words rest;
-  rest.nHigh = nHighRest - 3 * (nHighBorrows >> 3);
-  rest.nLow = (nLowRest - 3 * (nLowBorrows >> 3)) & 0xFFFFFFFF;
-  rest.nLow |= std::uint64_t{HasZeroDigits(rest)} << 1;
-  return rest;
+  [[gnu::always_inline]] DigitSum(bool bCarryIn, std::uint64_t a, std::uint64_t b)
+      : bCarry(AddWithCarry(bCarryIn, a, b, nSum)), m_nCarries(nSum ^ a ^ b) {}
+
+  // A digit that did not carry gives its 6 back.
+  [[gnu::always_inline]] std::uint64_t Digits() const {
+    const std::uint64_t nCarried = std::uint64_t{bCarry} << 60 | m_nCarries >> 4;
+    return nSum - 6 * (~nCarried & kUnits);
+  }
+
+ private:
+  std::uint64_t m_nCarries;  // the bits into which something was carried
+};
+
+// Both replace a by the sum of a and b under their signs, which must be plain; a zero is positive.
+// They return whether the top digit carried, which it does only for like signs; a is of no use
+// then.
+//
+// Whether the signs agree and which magnitude is larger is as random as the data, so nothing here
+// branches on it.
+
+// Of two values whose low words have no digits, such as amounts in cents.
+[[gnu::always_inline]] inline bool AddHighWords(Words& a, Words b) {
+  const std::uint64_t nUnlikeSigns = a.nLow ^ b.nLow;
+  const std::uint64_t nUnlikeBit = nUnlikeSigns >> 1 & 1;
+  const std::uint64_t nLike = nUnlikeBit - 1;
+  const std::uint64_t nSmaller = 0 - std::uint64_t{a.nHigh < b.nHigh};
+  const std::uint64_t nComplement = nSmaller & ~nLike;
+  const std::uint64_t nOtherComplement = nComplement ^ ~nLike;
+  const DigitSum sum(nUnlikeBit != 0, a.nHigh ^ nComplement,
+                     (b.nHigh ^ nOtherComplement) + (6 * kUnits & nLike));
+  a.nHigh = sum.Digits();
+  a.nLow = (a.nLow ^ (nUnlikeSigns & nSmaller)) | std::uint64_t{a.nHigh == 0} << 1;
+  return (std::uint64_t{sum.bCarry} & nLike) != 0;
+}
+
+// Of any two values.
+[[gnu::always_inline]] inline bool AddWords(Words& a, Words b) {
+  // Digit 0 stands at bit 36 of the low word here, so that what digit 6 carries is the carry of the
+  // word; below it a complement has ones, which hand the incoming 1 on.
+  const std::uint64_t nLow = a.nLow >> 4 << 36;
+  const std::uint64_t nOtherLow = b.nLow >> 4 << 36;
+  const std::uint64_t nUnlikeSigns = a.nLow ^ b.nLow;
+  const std::uint64_t nUnlikeBit = nUnlikeSigns >> 1 & 1;
+  const std::uint64_t nLike = nUnlikeBit - 1;
+  const std::uint64_t nSmaller =
+      0 - std::uint64_t{(UInt128{a.nHigh} << 64 | nLow) < (UInt128{b.nHigh} << 64 | nOtherLow)};
+  const std::uint64_t nComplement = nSmaller & ~nLike;
+  const std::uint64_t nOtherComplement = nComplement ^ ~nLike;
+  const std::uint64_t nSixes = 6 * kUnits & nLike;
+  const DigitSum low(nUnlikeBit != 0, nLow ^ nComplement, (nOtherLow ^ nOtherComplement) + nSixes);
+  const DigitSum high(low.bCarry, a.nHigh ^ nComplement, (b.nHigh ^ nOtherComplement) + nSixes);
+  a.nHigh = high.Digits();
+  const std::uint64_t nLowDigits = low.Digits() >> 36 << 4;
+  const std::uint64_t nSign = (a.nLow ^ (nUnlikeSigns & nSmaller)) & kSignMask;
+  a.nLow = nLowDigits | nSign | std::uint64_t{(a.nHigh | nLowDigits) == 0} << 1;
+  return (std::uint64_t{high.bCarry} & nLike) != 0;
+}
+
+// Adds the digits of another number, given as words without a sign, to those of a. Returns whether
+// the top digit carried; a is of no use then.
+[[gnu::always_inline]] inline bool AddToDigits(Words& a, std::uint64_t nHigh, std::uint64_t nLow) {
+  const DigitSum low(false, a.nLow >> 4 << 36, (nLow << 32) + 6 * kUnits);
+  const DigitSum high(low.bCarry, a.nHigh, nHigh + 6 * kUnits);
+  a.nHigh = high.Digits();
+  a.nLow = low.Digits() >> 36 << 4 | (a.nLow & kSignMask);
+  return high.bCarry;
+}
+
+// Where rounding so that the last digits become zero finds them, and what it adds: a 5 at the
+// highest place that goes.
+struct RoundingMasks {
+  Words going;
+  Words half;
+};
+
+// Entry i for the last i digits, 1 to 22.
+inline constexpr std::array<RoundingMasks, kDigits> kRounding = [] {
+  std::array<RoundingMasks, kDigits> aMasks{};
+  for (int i = 1; i < kDigits; ++i) {
+    RoundingMasks& masks = aMasks[static_cast<std::size_t>(i)];
+    masks.going.nHigh = i > 7 ? (std::uint64_t{1} << (4 * (i - 7))) - 1 : 0;
+    masks.going.nLow = i < 7 ? (kLowDigits << (4 * i) & kLowDigits) ^ kLowDigits : kLowDigits;
+    masks.half.nHigh = i > 7 ? std::uint64_t{5} << (4 * (i - 8)) : 0;
+    masks.half.nLow = i > 7 ? 0 : std::uint64_t{5} << (4 * i);
+  }
+  return aMasks;
+}();
+
+// Whether the last digits are zero already.
+[[gnu::always_inline]] inline bool IsRounded(Words a, const RoundingMasks& masks) {
+  return ((a.nHigh & masks.going.nHigh) | (a.nLow & masks.going.nLow)) == 0;
+}
+
+// Rounds the magnitude half up. Returns whether the top digit carried; a is of no use then.
+[[gnu::always_inline]] inline bool RoundWords(Words& a, const RoundingMasks& masks) {
+  const bool bTop = AddToDigits(a, masks.half.nHigh, masks.half.nLow);
+  a.nHigh &= ~masks.going.nHigh;
+  a.nLow &= ~masks.going.nLow;
+  return bTop;
 }
 
 // ---- Packed decimal to binary and back
 
-#if ALDLIB_PACKED_SSE2
-
 namespace internal {
 
+// Sixteen digits become two numbers of eight, one in each half of the word.
+[[gnu::always_inline]] inline std::uint64_t EightDigitsTwice(std::uint64_t n) {
+  n -= 6 * (n >> 4 & 0x0F0F0F0F0F0F0F0F);                              // bytes 0 to 99
+  n = (n & 0x00FF00FF00FF00FF) + 100 * (n >> 8 & 0x00FF00FF00FF00FF);  // 16 bits, 0 to 9999
+  return (n & 0x0000FFFF0000FFFF) + 10000 * (n >> 16 & 0x0000FFFF0000FFFF);
+}
+
+#if ALDLIB_PACKED_SSE2
 // Hides a constant, so that the compiler multiplies by it instead of building the product from
 // shifts.
 [[gnu::always_inline]] inline __m128i Opaque(__m128i value) {
   __asm__("" : "+x"(value));
   return value;
 }
+#endif
 
 }  // namespace internal
-
-#endif
 
 struct Pair {
   std::uint64_t nFirst;
@@ -160,7 +239,6 @@ struct Pair {
 
 // The numbers that two words of sixteen digits spell.
 [[gnu::always_inline]] inline Pair BinaryOf(std::uint64_t nFirst, std::uint64_t nSecond) {
-  constexpr std::uint64_t kTenTo8 = 100'000'000;
 #if ALDLIB_PACKED_SSE2
   using internal::Opaque;
   const __m128i digits = _mm_unpacklo_epi64(_mm_cvtsi64_si128(static_cast<long long>(nFirst)),
@@ -174,28 +252,32 @@ struct Pair {
                     _mm_mullo_epi16(_mm_srli_epi16(hundreds, 8), Opaque(_mm_set1_epi16(100))));
   const __m128i millions =  // 32 bits, eight digits
       _mm_madd_epi16(thousands, _mm_set1_epi32(10000 << 16 | 1));
-  const auto first = static_cast<std::uint64_t>(_mm_cvtsi128_si64(millions));
-  const auto second =
-      static_cast<std::uint64_t>(_mm_cvtsi128_si64(_mm_unpackhi_epi64(millions, millions)));
-  return {(first >> 32) * kTenTo8 + (first & 0xFFFFFFFF),
-          (second >> 32) * kTenTo8 + (second & 0xFFFFFFFF)};
+  // With the upper eight digits u and the lower ones v, 2^32 u + v becomes 10^8 u + v.
+  const __m128i numbers = _mm_sub_epi64(
+      millions,
+      _mm_mul_epu32(_mm_srli_epi64(millions, 32), _mm_set1_epi64x(0x1'0000'0000 - 100'000'000)));
+  return {static_cast<std::uint64_t>(_mm_cvtsi128_si64(numbers)),
+          static_cast<std::uint64_t>(_mm_cvtsi128_si64(_mm_unpackhi_epi64(numbers, numbers)))};
 #else
   const auto convert = [](std::uint64_t n) {
-    n -= 6 * (n >> 4 & 0x0F0F0F0F0F0F0F0F);                                 // bytes 0 to 99
-    n = (n & 0x00FF00FF00FF00FF) + 100 * (n >> 8 & 0x00FF00FF00FF00FF);     // 0 to 9999
-    n = (n & 0x0000FFFF0000FFFF) + 10000 * (n >> 16 & 0x0000FFFF0000FFFF);  // eight digits
-    return (n >> 32) * kTenTo8 + (n & 0xFFFFFFFF);
+    n = internal::EightDigitsTwice(n);
+    return (n >> 32) * 100'000'000 + (n & 0xFFFFFFFF);
   };
   return {convert(nFirst), convert(nSecond)};
 #endif
 }
 
-// The digits of nHigh, below 10^16, and of nLow, below 10^8. The place of the last digit of nLow is
-// free for a sign.
-[[gnu::always_inline]] inline Words DigitsOf(std::uint64_t nHigh, std::uint64_t nLow) {
-  constexpr std::uint64_t kTenTo8 = 100'000'000;
-  const std::uint64_t nTop = nHigh / kTenTo8;
-  const std::uint64_t nMiddle = nHigh % kTenTo8;
+// The numbers that the low words spell, ten times what their seven digits count.
+[[gnu::always_inline]] inline Pair BinaryOfLows(Words a, Words b) {
+  const std::uint64_t n =
+      internal::EightDigitsTwice((a.nLow & kLowDigits) << 32 | (b.nLow & kLowDigits));
+  return {n >> 32, n & 0xFFFFFFFF};
+}
+
+// The digits of three numbers below 10^8, one behind the other. The place of the last digit is free
+// for a sign.
+[[gnu::always_inline]] inline Words DigitsOf(std::uint64_t nTop, std::uint64_t nMiddle,
+                                             std::uint64_t nLow) {
 #if ALDLIB_PACKED_SSE2
   using internal::Opaque;
   const __m128i eights =
@@ -232,6 +314,20 @@ struct Pair {
     return (n | n >> 16) & 0xFFFFFFFF;
   };
   return {convert(nTop) << 32 | convert(nMiddle), convert(nLow)};
+#endif
+}
+
+// nDividend by nDivisor, whose quotient must fit a word: the upper word of the dividend is below
+// the divisor.
+[[gnu::always_inline]] inline std::uint64_t Divide128By64(UInt128 nDividend,
+                                                          std::uint64_t nDivisor) {
+#if defined(__x86_64__) && !defined(ALDLIB_PORTABLE_ARITHMETIC)
+  auto nHigh = static_cast<std::uint64_t>(nDividend >> 64);
+  auto nLow = static_cast<std::uint64_t>(nDividend);
+  __asm__("divq %2" : "+a"(nLow), "+d"(nHigh) : "r"(nDivisor) : "cc");
+  return nLow;
+#else
+  return static_cast<std::uint64_t>(nDividend / nDivisor);
 #endif
 }
 

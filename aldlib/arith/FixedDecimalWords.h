@@ -1,0 +1,16 @@
+#pragma once
+
+#include "aldlib/arith/FixedDecimal.h"
+#include "aldlib/arith/PackedWords.h"
+
+// What the fast roads of the decimal share.
+namespace ald {
+
+// The end of each of them: the bytes and DEC_OK are all that an ordinary result leaves behind.
+[[gnu::always_inline]] inline CDecimal& CDecimal::StoreGood(packed::Words words) {
+  packed::Store(words, m_aBytes);
+  m_pTlsData_storage.m_eLastStatus = DEC_OK;
+  return *this;
+}
+
+}  // namespace ald
