@@ -1,6 +1,7 @@
 #pragma once
 
-#include <concepts>
+#include <array>
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -9,18 +10,20 @@
 #include "bench/ArithmeticSets.h"
 #include "bench/Harness.h"
 
-// One set of cases for every number type. A peer is a struct of static functions in the cheapest
-// faithful form of its library, with results in place and without allocation where it has that:
+// The same cases for every number type. A peer is a struct of static functions in the cheapest
+// faithful form of its library, with results in place where it has that:
 //
-//   kName, Value                           its name in the tables, and its number
-//   Set(value, n), Get(value)              from and to 10^9 times the value
-//   Add, Subtract, Divide(result, a, b)    Divide rounds to 9 decimals, half away from zero
-//   Multiply(result, a, b)                 so does Multiply; result may be a
+//   kName, Value                        its name in the tables, and its number
+//   Set(value, n), Get(value)           from and to 10^9 times the value
+//   Add, Subtract(result, a, b)
+//   Multiply, Divide(result, a, b)      rounded to 9 decimals, half away from zero
 //   Less(a, b)
-//   Read(value, szText)                    optional
-//   Write(value, nDecimals)                optional; returns a text with view() or a std::string
-//   kIsFloating                            keeps all its digits instead of rounding to 9 decimals
-//   Setting                                alive during each pass
+//   Read(value, szText)                 optional
+//   Write(value, nDecimals)             optional; returns a std::string or a text with view()
+//   kIsFloating                         products and quotients keep all their digits instead
+//   Setting                             is alive during each pass
+//
+// The sets must outlive the harness.
 namespace ald::bench {
 
 struct PeerBase {
@@ -28,31 +31,25 @@ struct PeerBase {
   struct Setting {};
 };
 
-// A written text, for the peers that have none of their own.
+// For peers that have no text of their own.
 struct WrittenText {
   std::array<char, 46> aChars;
   std::size_t nLength;
   std::string_view view() const { return {aChars.data(), nLength}; }
 };
 
-inline std::string_view ViewOf(const auto& text) {
-  if constexpr (requires { text.view(); }) {
-    return text.view();
-  } else {
-    return text;
-  }
-}
-
 // Counts what differs and remembers the first.
 class CFaults {
  public:
-  void Expect(bool bRight, std::size_t i, const std::string& sExpected, const auto& actual) {
-    if (bRight) return;
-    if (m_nWrong++ == 0) {
+  void Expect(std::size_t i, std::string_view sExpected, std::string_view sActual) {
+    if (sExpected != sActual && m_nWrong++ == 0) {
       m_sFirst = " wrong, the first at " + std::to_string(i) + ": ";
-      m_sFirst += actual();
-      m_sFirst += " for " + sExpected;
+      m_sFirst.append(sActual).append(" for ").append(sExpected);
     }
+  }
+  void Expect(std::size_t i, Int128 expected, Int128 actual, Int128 tolerance = 0) {
+    const Int128 distance = expected < actual ? actual - expected : expected - actual;
+    if (distance > tolerance) Expect(i, ExactText(expected, 9), ExactText(actual, 9));
   }
   std::string Text() const { return m_nWrong == 0 ? "" : std::to_string(m_nWrong) + m_sFirst; }
 
@@ -61,129 +58,110 @@ class CFaults {
   std::string m_sFirst;
 };
 
-void ExpectNear(CFaults& faults, std::size_t i, Int128 expected, Int128 actual, Int128 tolerance);
+// run(sink) makes n results and hands each to sink(i, result). What is timed is what is checked.
+template <class TRun, class TCheck>
+void AddChecked(CHarness& harness, const char* szOperation, const std::string& sSet,
+                const char* szPeer, std::size_t n, TRun run, TCheck check) {
+  const auto pass = [run] { run([](std::size_t, const auto& result) { Keep(result); }); };
+  const auto fault = [run, check] {
+    CFaults faults;
+    run([&](std::size_t i, const auto& result) { check(faults, i, result); });
+    return faults.Text();
+  };
+  harness.Add({szOperation, sSet, szPeer, n, pass, fault});
+}
 
 template <class TPeer>
-std::shared_ptr<std::vector<typename TPeer::Value>> ValuesOf(const std::vector<Int128>& numbers) {
+using Values = std::shared_ptr<std::vector<typename TPeer::Value>>;
+
+template <class TPeer>
+Values<TPeer> ValuesOf(const std::vector<Int128>& numbers) {
   auto values = std::make_shared<std::vector<typename TPeer::Value>>(numbers.size());
   for (std::size_t i = 0; i < numbers.size(); ++i) TPeer::Set((*values)[i], numbers[i]);
   return values;
 }
 
-// result = a operation b for each pair. The pairs must outlive the harness.
 template <class TPeer, auto operation, auto exact>
 void AddPairwise(CHarness& harness, const char* szOperation, const std::string& sSet,
                  const Pairs& pairs, Int128 tolerance = 0) {
-  using Value = typename TPeer::Value;
-  const auto left = ValuesOf<TPeer>(pairs.left);
-  const auto right = ValuesOf<TPeer>(pairs.right);
-  const auto pass = [left, right] {
+  const auto run = [left = ValuesOf<TPeer>(pairs.left),
+                    right = ValuesOf<TPeer>(pairs.right)](auto sink) {
     [[maybe_unused]] const typename TPeer::Setting setting;
-    const Value* pRight = right->data();
-    Value result;
-    for (const Value& value : *left) {
-      operation(result, value, *pRight++);
-      Keep(result);
+    const auto* pLeft = left->data();
+    const auto* pRight = right->data();
+    typename TPeer::Value result;
+    for (std::size_t i = 0; i < kPairs; ++i) {
+      operation(result, pLeft[i], pRight[i]);
+      sink(i, result);
     }
   };
-  const auto fault = [left, right, &pairs, tolerance] {
-    [[maybe_unused]] const typename TPeer::Setting setting;
-    CFaults faults;
-    Value result;
-    for (std::size_t i = 0; i < left->size(); ++i) {
-      operation(result, (*left)[i], (*right)[i]);
-      ExpectNear(faults, i, exact(pairs.left[i], pairs.right[i]), TPeer::Get(result), tolerance);
-    }
-    return faults.Text();
+  const auto check = [&pairs, tolerance](CFaults& faults, std::size_t i, const auto& result) {
+    faults.Expect(i, exact(pairs.left[i], pairs.right[i]), TPeer::Get(result), tolerance);
   };
-  harness.Add({szOperation, sSet, TPeer::kName, pairs.left.size(), pass, fault});
+  AddChecked(harness, szOperation, sSet, TPeer::kName, kPairs, run, check);
 }
 
-// value = value operation next, over and over: the time until the result can be used again.
+// running = running operation number, over and over: each waits for the one before.
 template <class TPeer, auto operation, auto exact>
-void AddChain(CHarness& harness, const char* szOperation, const std::string& sSet, Int128 start,
+void AddChain(CHarness& harness, const char* szOperation, const char* szSet, Int128 start,
               const std::vector<Int128>& numbers) {
-  using Value = typename TPeer::Value;
-  const auto values = ValuesOf<TPeer>(numbers);
-  const auto run = [values, start] {
-    [[maybe_unused]] const typename TPeer::Setting setting;
-    Value running;
+  const auto run = [start, values = ValuesOf<TPeer>(numbers)](auto sink) {
+    typename TPeer::Value running;
     TPeer::Set(running, start);
-    for (const Value& value : *values) operation(running, running, value);
-    Keep(running);
-    return TPeer::Get(running);
+    for (const auto& value : *values) operation(running, running, value);
+    sink(values->size(), running);
   };
-  const auto fault = [run, start, &numbers] {
+  const auto check = [start, &numbers](CFaults& faults, std::size_t i, const auto& result) {
     Int128 expected = start;
     for (const Int128 number : numbers) expected = exact(expected, number);
-    CFaults faults;
-    ExpectNear(faults, numbers.size(), expected, run(), 0);
-    return faults.Text();
+    faults.Expect(i, expected, TPeer::Get(result));
   };
-  harness.Add({szOperation, sSet, TPeer::kName, numbers.size(), [run] { run(); }, fault});
+  AddChecked(harness, szOperation, szSet, TPeer::kName, kPairs, run, check);
 }
 
 template <class TPeer>
-void AddCompare(CHarness& harness, const std::string& sSet, const Pairs& pairs) {
-  const auto left = ValuesOf<TPeer>(pairs.left);
-  const auto right = ValuesOf<TPeer>(pairs.right);
-  const auto pass = [left, right] {
-    const typename TPeer::Value* pRight = right->data();
-    std::size_t nLess = 0;
-    for (const typename TPeer::Value& value : *left) nLess += TPeer::Less(value, *pRight++) ? 1 : 0;
-    Keep(nLess);
+void AddCompare(CHarness& harness, const ValueSet& set) {
+  const auto run = [left = ValuesOf<TPeer>(set.sums.left),
+                    right = ValuesOf<TPeer>(set.sums.right)](auto sink) {
+    const auto* pLeft = left->data();
+    const auto* pRight = right->data();
+    for (std::size_t i = 0; i < kPairs; ++i) sink(i, TPeer::Less(pLeft[i], pRight[i]));
   };
-  const auto fault = [left, right, &pairs] {
-    CFaults faults;
-    for (std::size_t i = 0; i < left->size(); ++i) {
-      const bool bLess = TPeer::Less((*left)[i], (*right)[i]);
-      ExpectNear(faults, i, pairs.left[i] < pairs.right[i] ? 1 : 0, bLess ? 1 : 0, 0);
-    }
-    return faults.Text();
+  const auto check = [&set](CFaults& faults, std::size_t i, bool bLess) {
+    faults.Expect(i, set.sums.left[i] < set.sums.right[i] ? 1 : 0, bLess ? 1 : 0);
   };
-  harness.Add({"compare", sSet, TPeer::kName, pairs.left.size(), pass, fault});
+  AddChecked(harness, "compare", set.sName, TPeer::kName, kPairs, run, check);
 }
 
 template <class TPeer>
 void AddTexts(CHarness& harness, const ValueSet& set) {
-  using Value = typename TPeer::Value;
-  const std::vector<Int128>& numbers = set.sums.left;
   if constexpr (requires { &TPeer::Read; }) {
-    const auto pass = [&set] {
-      Value value;
+    const auto run = [&set](auto sink) {
+      typename TPeer::Value value;
       for (std::size_t i = 0; i < kPairs; ++i) {
         TPeer::Read(value, set.texts[i]);
-        Keep(value);
+        sink(i, value);
       }
     };
-    const auto fault = [&set, &numbers] {
-      CFaults faults;
-      Value value;
-      for (std::size_t i = 0; i < kPairs; ++i) {
-        TPeer::Read(value, set.texts[i]);
-        ExpectNear(faults, i, numbers[i], TPeer::Get(value), 0);
-      }
-      return faults.Text();
+    const auto check = [&set](CFaults& faults, std::size_t i, const auto& value) {
+      faults.Expect(i, set.sums.left[i], TPeer::Get(value));
     };
-    harness.Add({"parse", set.sName, TPeer::kName, kPairs, pass, fault});
+    AddChecked(harness, "parse", set.sName, TPeer::kName, kPairs, run, check);
   }
   if constexpr (requires { &TPeer::Write; }) {
-    const auto values = ValuesOf<TPeer>(numbers);
-    const auto pass = [values, nDecimals = set.nDecimals] {
-      for (const Value& value : *values) {
-        const auto text = TPeer::Write(value, nDecimals);
-        Keep(text);
+    const auto run = [values = ValuesOf<TPeer>(set.sums.left),
+                      nDecimals = set.nDecimals](auto sink) {
+      const auto* pValues = values->data();
+      for (std::size_t i = 0; i < kPairs; ++i) sink(i, TPeer::Write(pValues[i], nDecimals));
+    };
+    const auto check = [&set](CFaults& faults, std::size_t i, const auto& text) {
+      if constexpr (requires { text.view(); }) {
+        faults.Expect(i, set.texts[i], text.view());
+      } else {
+        faults.Expect(i, set.texts[i], text);
       }
     };
-    const auto fault = [values, &set] {
-      CFaults faults;
-      for (std::size_t i = 0; i < kPairs; ++i) {
-        const auto text = TPeer::Write((*values)[i], set.nDecimals);
-        faults.Expect(ViewOf(text) == set.texts[i], i, set.texts[i], [&] { return ViewOf(text); });
-      }
-      return faults.Text();
-    };
-    harness.Add({"format", set.sName, TPeer::kName, kPairs, pass, fault});
+    AddChecked(harness, "format", set.sName, TPeer::kName, kPairs, run, check);
   }
 }
 
@@ -192,7 +170,7 @@ constexpr auto ExactDifference = [](Int128 a, Int128 b) { return a - b; };
 
 template <class TPeer>
 void AddFourOperations(CHarness& harness, const ValueSet& set) {
-  // A quotient of 34 digits is rounded once before it is rounded to 9 decimals.
+  // A quotient of 34 digits has been rounded once before it is rounded to 9 decimals.
   constexpr Int128 kTolerance = TPeer::kIsFloating ? 1 : 0;
   AddPairwise<TPeer, TPeer::Add, ExactSum>(harness, "add", set.sName, set.sums);
   AddPairwise<TPeer, TPeer::Subtract, ExactDifference>(harness, "subtract", set.sName, set.sums);
@@ -205,7 +183,7 @@ template <class TPeer>
 void AddAll(CHarness& harness, const ArithmeticSets& sets) {
   for (const ValueSet* pSet : {&sets.money, &sets.full}) {
     AddFourOperations<TPeer>(harness, *pSet);
-    AddCompare<TPeer>(harness, pSet->sName, pSet->sums);
+    AddCompare<TPeer>(harness, *pSet);
     AddTexts<TPeer>(harness, *pSet);
   }
   AddChain<TPeer, TPeer::Add, ExactSum>(harness, "sum", "M", 0, sets.amounts);

@@ -3,9 +3,9 @@
 #include <sched.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <cstdlib>
+#include <ctime>
 #include <fstream>
 #include <iostream>
 #include <string_view>
@@ -40,10 +40,17 @@ std::string ProcessorName() {
   return "unknown processor";
 }
 
+// The time that this thread was given, so that others on the same core do not count.
+double ThreadNanoseconds() {
+  timespec now{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) * 1e9 + static_cast<double>(now.tv_nsec);
+}
+
 double NanosecondsOf(const std::function<void()>& pass, int nPasses) {
-  const auto start = std::chrono::steady_clock::now();
+  const double fStart = ThreadNanoseconds();
   for (int i = 0; i < nPasses; ++i) pass();
-  return std::chrono::duration<double, std::nano>(std::chrono::steady_clock::now() - start).count();
+  return ThreadNanoseconds() - fStart;
 }
 
 struct Options {
@@ -75,9 +82,13 @@ bool Read(Options& options, int argc, char** argv) {
   return true;
 }
 
+// Where the row comes in the tables.
 template <class T>
-bool SameRow(const T& a, const Ratio& b) {
-  return a.sOperation == b.sOperation && a.sSet == b.sSet;
+std::ptrdiff_t PlaceOf(const std::vector<Case>& cases, const T& row) {
+  const auto isRow = [&row](const Case& one) {
+    return one.sOperation == row.sOperation && one.sSet == row.sSet;
+  };
+  return std::find_if(cases.begin(), cases.end(), isRow) - cases.begin();
 }
 
 }  // namespace
@@ -118,11 +129,15 @@ std::vector<Measurement> CHarness::Time(int nRounds) const {
 std::vector<Ratio> CHarness::RatiosOf(const std::vector<Measurement>& times) const {
   const auto timeOf = [&times](const Ratio& wanted, const std::string& sPeer) {
     for (const Measurement& time : times) {
-      if (SameRow(time, wanted) && time.sPeer == sPeer) return time.fNanoseconds;
+      if (time.sOperation == wanted.sOperation && time.sSet == wanted.sSet && time.sPeer == sPeer)
+        return time.fNanoseconds;
     }
     return 0.0;
   };
   std::vector<Ratio> ratios = m_wanted;
+  std::stable_sort(ratios.begin(), ratios.end(), [this](const Ratio& a, const Ratio& b) {
+    return PlaceOf(m_cases, a) < PlaceOf(m_cases, b);
+  });
   for (Ratio& ratio : ratios) {
     const double fOurs = timeOf(ratio, m_sOurs);
     if (fOurs > 0) ratio.fMeasured = timeOf(ratio, ratio.sPeer) / fOurs;
@@ -146,6 +161,14 @@ int CHarness::Main(int argc, char** argv) {
   std::erase_if(m_cases, [&options](const Case& one) {
     return (one.sOperation + ' ' + one.sSet).find(options.sFilter) == std::string::npos;
   });
+  // All sets of an operation together.
+  const auto placeOf = [given = m_cases](const Case& one) {
+    return std::find_if(given.begin(), given.end(),
+                        [&one](const Case& other) { return one.sOperation == other.sOperation; }) -
+           given.begin();
+  };
+  std::stable_sort(m_cases.begin(), m_cases.end(),
+                   [&placeOf](const Case& a, const Case& b) { return placeOf(a) < placeOf(b); });
   std::cerr << m_cases.size() << " cases: checking the results ...\n";
   if (!AllAgree()) {
     std::cerr << "Results disagree, so nothing was timed.\n";

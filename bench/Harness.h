@@ -57,9 +57,10 @@ class CHarness {
   CHarness(const char* szTitle, const char* szOurs) : m_sTitle(szTitle), m_sOurs(szOurs) {}
 
   void Add(Case oneCase) { m_cases.push_back(std::move(oneCase)); }
-  void Want(const char* szOperation, const char* szSet, const char* szPeer, double fAtLeast,
+  // A row of the table of ratios.
+  void Want(const char* szOperation, const std::string& sSet, const char* szPeer, double fAtLeast,
             double fAim) {
-    m_wanted.push_back({szOperation, szSet, szPeer, fAtLeast, fAim});
+    m_wanted.push_back({szOperation, sSet, szPeer, fAtLeast, fAim});
   }
 
   // Reads the options, checks, times, prints the tables and writes the figures. Returns the

@@ -6,7 +6,7 @@
 
 // GnuCOBOL's COMP-3 fields: the same twelve bytes, with 0xC for plus. See PackedTables.cob.
 extern "C" int packed_tables(std::int32_t* pOperation, const void* pLefts, const void* pRights,
-                             void* pResults, std::int32_t* pTally);
+                             void* pResults, std::int32_t* pLess);
 
 namespace ald::bench {
 
@@ -47,15 +47,16 @@ Fields PackedAll(const std::vector<Int128>& numbers) {
   return fields;
 }
 
-// Each table has its results; those of a sum are all in the first field. Returns the tally.
+// Each table has its results; those of a sum are all in the first field. Returns how many compared
+// less.
 std::int32_t Run(std::int32_t eOperation, const Fields& left, const Fields& right,
                  std::vector<Field>& results) {
-  std::int32_t nTally = 0;
+  std::int32_t nLess = 0;
   for (std::size_t i = 0; i < left->size(); i += kTable) {
     Field* pResults = results.data() + (eOperation == kSum ? 0 : i);
-    packed_tables(&eOperation, left->data() + i, right->data() + i, pResults, &nTally);
+    packed_tables(&eOperation, left->data() + i, right->data() + i, pResults, &nLess);
   }
-  return nTally;
+  return nLess;
 }
 
 void AddTables(CHarness& harness, EOperation eOperation, const char* szName,
@@ -66,15 +67,15 @@ void AddTables(CHarness& harness, EOperation eOperation, const char* szName,
   const auto pass = [=] { Run(eOperation, left, right, *results); };
   const auto fault = [=, &pairs] {
     CFaults faults;
-    const std::int32_t nTally = Run(eOperation, left, right, *results);
+    const std::int32_t nLess = Run(eOperation, left, right, *results);
     Int128 expected = 0;
     for (std::size_t i = 0; i < kPairs; ++i) {
       const Int128 one = exact(pairs.left[i], pairs.right[i]);
       expected += one;
-      if (eOperation < kCompare) ExpectNear(faults, i, one, Unpacked((*results)[i]), 0);
+      if (eOperation < kCompare) faults.Expect(i, one, Unpacked((*results)[i]));
     }
-    if (eOperation == kCompare) ExpectNear(faults, 0, expected, nTally, 0);
-    if (eOperation == kSum) ExpectNear(faults, 0, expected, Unpacked(results->front()), 0);
+    if (eOperation == kCompare) faults.Expect(0, expected, nLess);
+    if (eOperation == kSum) faults.Expect(0, expected, Unpacked(results->front()));
     return faults.Text();
   };
   harness.Add({szName, sSet, "COMP-3", kPairs, pass, fault});

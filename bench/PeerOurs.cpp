@@ -68,7 +68,6 @@ struct OursByDigits : Ours {
   using Setting = COverflowElsewhere;
 };
 
-// Functions that no peer has in this form.
 constexpr auto AddByValue = [](CDecimal& result, const CDecimal& a, const CDecimal& b) {
   result = a + b;
 };
@@ -76,11 +75,32 @@ constexpr auto RoundToCents = [](CDecimal& result, const CDecimal& a, const CDec
   result = a;
   result.Round(2);
 };
-constexpr auto ThroughWhole = [](CDecimal& result, const CDecimal& a, const CDecimal&) {
-  result = CDecimal(a.toIntType<long long>(true));
-};
 constexpr auto ExactCents = [](Int128 a, Int128) { return ExactRounded(a, 2); };
-constexpr auto ExactWhole = [](Int128 a, Int128) { return ExactRounded(a, 0); };
+
+// Roads that no peer has in this form.
+void AddRest(CHarness& harness, const ValueSet& set) {
+  const Pairs& pairs = set.sums;
+  AddPairwise<Ours, AddByValue, ExactSum>(harness, "a + b by value", set.sName, pairs);
+  AddPairwise<Ours, RoundToCents, ExactCents>(harness, "round to cents", set.sName, pairs);
+
+  const auto toWhole = [values = ValuesOf<Ours>(pairs.left)](auto sink) {
+    const CDecimal* pValues = values->data();
+    for (std::size_t i = 0; i < kPairs; ++i) sink(i, pValues[i].toIntType<long long>(true));
+  };
+  const auto checkWhole = [&pairs](CFaults& faults, std::size_t i, long long n) {
+    faults.Expect(i, ExactRounded(pairs.left[i], 0), n * kScale);
+  };
+  AddChecked(harness, "to whole", set.sName, Ours::kName, kPairs, toWhole, checkWhole);
+
+  const auto fromWhole = [&pairs](auto sink) {
+    for (std::size_t i = 0; i < kPairs; ++i)
+      sink(i, CDecimal(static_cast<long long>(pairs.left[i] / kScale)));
+  };
+  const auto checkDecimal = [&pairs](CFaults& faults, std::size_t i, const CDecimal& value) {
+    faults.Expect(i, pairs.left[i] / kScale * kScale, Ours::Get(value));
+  };
+  AddChecked(harness, "from whole", set.sName, Ours::kName, kPairs, fromWhole, checkDecimal);
+}
 
 }  // namespace
 
@@ -88,10 +108,7 @@ void AddOurs(CHarness& harness, const ArithmeticSets& sets) {
   AddAll<Ours>(harness, sets);
   for (const ValueSet* pSet : {&sets.money, &sets.full}) {
     AddFourOperations<OursByDigits>(harness, *pSet);
-    const auto& [sName, pairs] = std::tie(pSet->sName, pSet->sums);
-    AddPairwise<Ours, AddByValue, ExactSum>(harness, "a + b by value", sName, pairs);
-    AddPairwise<Ours, RoundToCents, ExactCents>(harness, "round to cents", sName, pairs);
-    AddPairwise<Ours, ThroughWhole, ExactWhole>(harness, "to whole and back", sName, pairs);
+    AddRest(harness, *pSet);
   }
 }
 

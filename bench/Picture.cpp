@@ -7,7 +7,7 @@ namespace ald::bench {
 
 namespace {
 
-constexpr double kLeft = 260;  // where ratio 1 would stand if it were the smallest
+constexpr double kLeft = 260;  // where the bars begin
 constexpr double kWidth = 560;
 constexpr double kTop = 78;
 constexpr double kLine = 16;
@@ -42,7 +42,7 @@ std::string PictureOf(const Figures& figures, const std::string& sOurs) {
   double fMost = 10;
   for (const Ratio& ratio : figures.ratios) {
     if (ratio.fMeasured <= 0) continue;
-    fLeast = std::min(fLeast, ratio.fMeasured);
+    fLeast = std::min(fLeast, 0.8 * ratio.fMeasured);  // a short bar is still a bar
     fMost = std::max({fMost, ratio.fMeasured, ratio.fAtLeast, ratio.fAim});
   }
   const auto place = [&](double fRatio) {

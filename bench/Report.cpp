@@ -35,14 +35,14 @@ void PrintTimes(std::ostream& stream, const Figures& figures, const std::string&
   if (ours != columns.end()) std::rotate(columns.begin(), ours, ours + 1);
 
   stream << "\nNanoseconds of one operation\n" << std::left << std::setw(18) << "";
-  for (const std::string& sColumn : columns) stream << std::right << std::setw(14) << sColumn;
+  for (const std::string& sColumn : columns) stream << std::right << std::setw(16) << sColumn;
   for (const std::string& sRow : rows) {
     stream << '\n' << std::left << std::setw(18) << sRow << std::right;
     for (const std::string& sColumn : columns) {
       const auto time = std::find_if(
           figures.times.begin(), figures.times.end(),
           [&](const Measurement& one) { return RowOf(one) == sRow && one.sPeer == sColumn; });
-      stream << std::setw(14)
+      stream << std::setw(16)
              << (time == figures.times.end() ? "-" : ThreeDigits(time->fNanoseconds));
     }
   }
