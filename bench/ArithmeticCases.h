@@ -44,7 +44,7 @@ class CFaults {
   void Expect(std::size_t i, std::string_view sExpected, std::string_view sActual) {
     if (sExpected != sActual && m_nWrong++ == 0) {
       m_sFirst = " wrong, the first at " + std::to_string(i) + ": ";
-      m_sFirst.append(sActual).append(" for ").append(sExpected);
+      m_sFirst.append(sActual).append(" instead of ").append(sExpected);
     }
   }
   void Expect(std::size_t i, Int128 expected, Int128 actual, Int128 tolerance = 0) {

@@ -149,7 +149,7 @@ int CHarness::Main(int argc, char** argv) {
   Options options;
   if (!Read(options, argc, argv)) {
     std::cerr
-        << "usage: " << argv[0]
+        << "usage: bench_" << m_sTitle
         << " [--filter TEXT] [--rounds N] [--quick] [--figures FOLDER]\n"
            "  --filter    only the rows whose operation and set, as in 'add M', contain TEXT\n"
            "  --rounds    samples of each case, 25 if not given; --quick takes 3\n"

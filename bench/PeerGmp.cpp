@@ -25,6 +25,9 @@ class CInteger {
   mpz_t m_z;
 };
 
+// Room for steps in between, made once.
+CInteger g_product, g_scaled, g_half, g_rounded;
+
 struct Gmp : PeerBase {
   static constexpr const char* kName = "GMP";
   using Value = CInteger;
@@ -44,21 +47,18 @@ struct Gmp : PeerBase {
   static void Add(Value& result, const Value& a, const Value& b) { mpz_add(result, a, b); }
   static void Subtract(Value& result, const Value& a, const Value& b) { mpz_sub(result, a, b); }
   static void Multiply(Value& result, const Value& a, const Value& b) {
-    static Value product;
-    mpz_mul(product, a, b);
-    DivideRounded(result, product, kUnit);
+    mpz_mul(g_product, a, b);
+    DivideRounded(result, g_product, kUnit);
   }
   static void Divide(Value& result, const Value& a, const Value& b) {
-    static Value scaled;
-    static Value half;
-    mpz_mul_ui(scaled, a, kUnit);
-    mpz_tdiv_q_2exp(half, b, 1);
+    mpz_mul_ui(g_scaled, a, kUnit);
+    mpz_tdiv_q_2exp(g_half, b, 1);
     if (IsNegative(a) == IsNegative(b)) {
-      mpz_add(scaled, scaled, half);
+      mpz_add(g_scaled, g_scaled, g_half);
     } else {
-      mpz_sub(scaled, scaled, half);
+      mpz_sub(g_scaled, g_scaled, g_half);
     }
-    mpz_tdiv_q(result, scaled, b);
+    mpz_tdiv_q(result, g_scaled, b);
   }
   static bool Less(const Value& a, const Value& b) { return mpz_cmp(a, b) < 0; }
 
@@ -77,15 +77,12 @@ struct Gmp : PeerBase {
   }
 
   static WrittenText Write(const Value& value, int nDecimals) {
-    static Value rounded;
     mpz_srcptr shown = value;
     if (nDecimals < 9) {
-      unsigned long nDropped = 1;
-      for (int i = nDecimals; i < 9; ++i) nDropped *= 10;
-      static Value copy;
-      mpz_set(copy, value);
-      DivideRounded(rounded, copy, nDropped);
-      shown = rounded;
+      constexpr std::array<unsigned long, 9> kDropped{
+          1'000'000'000, 100'000'000, 10'000'000, 1'000'000, 100'000, 10'000, 1000, 100, 10};
+      DivideRounded(g_rounded, value, kDropped[static_cast<std::size_t>(nDecimals)]);
+      shown = g_rounded;
     }
     std::array<char, 48> szDigits;
     mpz_get_str(szDigits.data(), 10, shown);
@@ -112,14 +109,14 @@ struct Gmp : PeerBase {
 
  private:
   static bool IsNegative(const Value& value) { return mpz_sgn(static_cast<mpz_srcptr>(value)) < 0; }
-  // Half away from zero. The dividend is used up.
-  static void DivideRounded(Value& result, Value& dividend, unsigned long nDivisor) {
+  // Half away from zero.
+  static void DivideRounded(Value& result, const Value& dividend, unsigned long nDivisor) {
     if (IsNegative(dividend)) {
-      mpz_sub_ui(dividend, dividend, nDivisor / 2);
+      mpz_sub_ui(result, dividend, nDivisor / 2);
     } else {
-      mpz_add_ui(dividend, dividend, nDivisor / 2);
+      mpz_add_ui(result, dividend, nDivisor / 2);
     }
-    mpz_tdiv_q_ui(result, dividend, nDivisor);
+    mpz_tdiv_q_ui(result, result, nDivisor);
   }
   static char* Append(char* pTarget, const char* pSource, std::ptrdiff_t nLength) {
     std::memcpy(pTarget, pSource, static_cast<std::size_t>(nLength));
