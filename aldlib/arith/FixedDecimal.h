@@ -437,7 +437,10 @@ class ALDLIB_EXPORT CFixedDecimal<23, 9> {
   // The end of every fast road.
   CFixedDecimal& StoreGood(packed::Words words);  // in FixedDecimalWords.h
   void StoreWhole(std::uint64_t nMagnitude, bool bNegative);
-  bool StoreSum(packed::Words a, packed::Words b);
+  template <bool bSubtract>
+  CFixedDecimal& StoreSumOfCents(packed::Words a, packed::Words b, const CFixedDecimal& other);
+  template <bool bSubtract>
+  CFixedDecimal& StoreSum(packed::Words a, packed::Words b, const CFixedDecimal& other);
   bool StoreProduct(packed::Words a, packed::Words b);
   bool StoreQuotient(packed::Words a, packed::Words b);
   static int CompareLastDigits(const CFixedDecimal& a, const CFixedDecimal& b);

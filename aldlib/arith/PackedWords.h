@@ -59,6 +59,13 @@ inline constexpr std::uint64_t kPlusBit = 2;
   std::memcpy(bytes.data() + 8, &nLow, 4);
 }
 
+// The upper sixteen digits alone.
+[[gnu::always_inline]] inline void StoreHigh(Words words, Bytes& bytes) {
+  std::uint64_t nHigh = words.nHigh;
+  if constexpr (std::endian::native == std::endian::little) nHigh = __builtin_bswap64(nHigh);
+  std::memcpy(bytes.data(), &nHigh, 8);
+}
+
 // Whether the sign is 0xD or 0xF.
 [[gnu::always_inline]] inline bool HasPlainSign(Words a) {
   return ((a.nLow | kPlusBit) & kSignMask) == kSignMask;
@@ -102,24 +109,38 @@ inline constexpr std::uint64_t kPlusBit = 2;
 
 inline constexpr std::uint64_t kUnits = 0x1111111111111111;  // 1 in every digit
 
-// The terms of a sum of digits, and what becomes of it. A digit sum carries in base sixteen once it
-// has 6 added. Unlike signs complement the smaller magnitude, 15 - d in every nibble: that is 9 - d
-// with the 6 already in it, and the 1 that a complement is short of comes in below the last digit.
+// A sum of sixteen digits. A digit sum carries in base sixteen once it has 6 added. Unlike signs
+// complement the smaller magnitude, 15 - d in every nibble: that is 9 - d with the 6 already in it,
+// and the 1 that a complement is short of comes in below the last digit.
 struct DigitSum {
   std::uint64_t nSum;
   bool bCarry;  // out of the top digit
 
   [[gnu::always_inline]] DigitSum(bool bCarryIn, std::uint64_t a, std::uint64_t b)
-      : bCarry(AddWithCarry(bCarryIn, a, b, nSum)), m_nCarries(nSum ^ a ^ b) {}
+      : bCarry(AddWithCarry(bCarryIn, a, b, nSum)), m_nEqual(Ready(~(a ^ b))) {}
 
   // A digit that did not carry gives its 6 back.
   [[gnu::always_inline]] std::uint64_t Digits() const {
-    const std::uint64_t nCarried = std::uint64_t{bCarry} << 60 | m_nCarries >> 4;
-    return nSum - 6 * (~nCarried & kUnits);
+    return DigitsBelow(std::uint64_t{!bCarry} * 6 << 60);
+  }
+  // The same where it is known that the top digit did not carry.
+  [[gnu::always_inline]] std::uint64_t DigitsWithoutCarry() const {
+    return DigitsBelow(std::uint64_t{6} << 60);
   }
 
  private:
-  std::uint64_t m_nCarries;  // the bits into which something was carried
+  [[gnu::always_inline]] std::uint64_t DigitsBelow(std::uint64_t nTop) const {
+    // Nothing came into the digit above: there the sum is what its terms make without a carry.
+    const std::uint64_t nKept = (nSum ^ m_nEqual) & (kUnits - 1);
+    return (nSum - nTop) - (nKept >> 2 | nKept >> 3);
+  }
+  // Has the value at hand before the sum is: the compiler would rather begin with the sum.
+  [[gnu::always_inline]] static std::uint64_t Ready(std::uint64_t n) {
+    __asm__("" : "+r"(n));
+    return n;
+  }
+
+  std::uint64_t m_nEqual;
 };
 
 // Both replace a by the sum of a and b under their signs, which must be plain; a zero is positive.
