@@ -7,6 +7,7 @@
 #include "aldlib/Load.h"
 #include "aldlib/amounts/VersionText.h"
 #include "aldlib/arith/BigInt.h"
+#include "aldlib/arith/CentRounding.h"
 #include "aldlib/arith/DecimalLiteral.h"
 #include "aldlib/arith/DecimalStatus.h"
 #include "aldlib/arith/FixedDecimal.h"
