@@ -13,7 +13,7 @@ namespace ald {
 // Writes an amount in words:
 //   1234.56 -> "One Thousand Two Hundred Thirty-Four and 56/100 Dollars"
 //   0.45    -> "Zero and 45/100 Dollars"
-//   5, bFill, 30 bytes -> "Five and 00/100  *************"
+//   5, bFill, 30 bytes -> "Five and 00/100  ************"
 //
 // With bFill asterisks take the rest of the buffer, up to its last byte, and the word for dollars
 // is left out. Words that do not fit are cut. The caller brings an amount from 0 to 999,999,999,999
