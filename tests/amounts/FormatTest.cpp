@@ -162,6 +162,18 @@ TEST_F(Format, GivesUpSeparatorsOneAtATimeBeforeItWritesANumberOff) {
   }
 }
 
+TEST_F(Format, TakesTheRoomThatIsLeftForTheWidth) {
+  CFixedString<14> sText("Total ");
+  AppendRtoString(sText, 1234.5_dec, 20, '-');
+  EXPECT_EQ(sText, "Total 1234.50");
+  sText = "Totals ";
+  AppendRtoString(sText, 1234.5_dec, 20, '-');
+  EXPECT_EQ(sText, "Totals ??????");
+  sText = "Totals ";
+  AppendRtoStringNoComma(sText, 1234.5_dec, 20);
+  EXPECT_EQ(sText, "Totals ??????");
+}
+
 // Every amount in every buffer: the whole number or question marks, whatever the region is.
 TEST_F(Format, NeverCutsANumber) {
   std::mt19937_64 random(5201);
