@@ -5,8 +5,14 @@
 // backends.
 
 #include "aldlib/Load.h"
+#include "aldlib/amounts/Allocate.h"
+#include "aldlib/amounts/Format.h"
+#include "aldlib/amounts/Parse.h"
+#include "aldlib/amounts/Separators.h"
 #include "aldlib/amounts/VersionText.h"
+#include "aldlib/amounts/Words.h"
 #include "aldlib/arith/BigInt.h"
+#include "aldlib/arith/CentRounding.h"
 #include "aldlib/arith/DecimalLiteral.h"
 #include "aldlib/arith/DecimalStatus.h"
 #include "aldlib/arith/FixedDecimal.h"

@@ -216,6 +216,14 @@ class ALDLIB_EXPORT CFixedDecimal<23, 9> {
   // Canonical text of the exact value without trailing zeros: "12.5", "-3".
   TextType toExactString() const;
 
+  // Text for people, with the separators of the region, right-aligned in 45 characters: a number
+  // and a quantity with that many decimals, or as many as GetRealPrecision() says if negative; and
+  // money, trimmed, with its sign by the format of DollarsToString. Question marks for a value of
+  // 1,000,000,000 or more either way. aldlib/amounts/Format.h tells the rules.
+  TextType FormatReal(int nDecimals) const;
+  TextType FormatQty(int nDecimals) const;
+  TextType FormatDollars(char cFormat) const;
+
   // Rounds at the ninth decimal, so that 0.1 gives 0.1. NaN and infinities give 0.
   CFixedDecimal& fromDouble(double value);
   double toDouble() const;

@@ -7,8 +7,8 @@
 
 namespace ald {
 
-// The library's own numbered texts. They begin with the characters that choose icon and buttons of
-// the message box.
+// The library's own numbered texts. The messages among them begin with the characters that choose
+// icon and buttons of the message box.
 
 // Returns the text of the number, or null. Allocates nothing.
 const char* FindLibraryString(std::uint32_t nNumber);

@@ -20,7 +20,7 @@ struct Outcome {
 
 Outcome RunAldtool(const std::string& sArguments) {
   Outcome outcome;
-  std::FILE* pPipe = popen((ALDTOOL " " + sArguments + " 2>&1").c_str(), "r");
+  std::FILE* pPipe = popen(("LC_ALL=C " ALDTOOL " " + sArguments + " 2>&1").c_str(), "r");
   if (pPipe == nullptr) return outcome;
   char aBuffer[4096];
   std::size_t nRead = 0;
@@ -95,14 +95,20 @@ TEST(Checks, NamesEveryBadLineAndItsStatusAndCountsTheGoodOnes) {
   const Outcome outcome = RunAldtool("checks " EXAMPLES "/checks/damaged.txt");
   EXPECT_EQ(outcome.nStatus, 1);
   for (const char* szLine :
-       {"    8  ! the amount 'twelve' cannot be read: DEC_BAD_FORMAT\n",
-        "   10  ! the amount '12,50' cannot be read: DEC_TRUNCATED\n",
-        "   15  ! the amount '' cannot be read: DEC_EMPTY\n",
+       {"    8  ! the amount 'twelve' cannot be read: it is no number (DEC_BAD_FORMAT)\n",
+        "   10  ! the amount '12,50' has ',' where no group of three digits begins\n",
+        "   15  ! the amount is missing\n",
         "   25  ! the split count '0' is no whole number from 1 to 65535\n",
-        "   30  ! the amount '123456789012345.00' cannot be read: DEC_TEXT_OVERFLOW\n"}) {
+        "   30  ! the amount '123456789012345.00' cannot be read: more than 14 digits stand before "
+        "the point (DEC_TEXT_OVERFLOW)\n",
+        "   32  ! the amount '0.1234567891' has more than 9 decimals\n",
+        "   34  ! the amount '$1987.25' cannot be read: '$' is no part of a number "
+        "(DEC_TRUNCATED)\n",
+        "   37  ! the amount '400.00-' cannot be read: a sign or a point stands where a number has "
+        "none (DEC_BAD_FORMAT)\n"}) {
     EXPECT_THAT(outcome.sOutput, HasSubstr(szLine));
   }
-  EXPECT_THAT(outcome.sOutput, HasSubstr("Total of 3 cheques: -647.55\n15 lines were not good"));
+  EXPECT_THAT(outcome.sOutput, HasSubstr("Total of 3 cheques: -647.55\n20 lines were not good"));
 }
 
 TEST(Checks, RefusesWhatIsNoListOfChequesWithoutPrintingPartOfIt) {
@@ -127,6 +133,58 @@ TEST(Checks, RefusesWhatIsNoListOfChequesWithoutPrintingPartOfIt) {
   const Outcome folder = RunAldtool("checks " EXAMPLES);
   EXPECT_THAT(folder.sOutput, HasSubstr("is a folder"));
   EXPECT_EQ(folder.nStatus, 2);
+}
+
+TEST(Checks, WritesTheChequeBelowEachAmount) {
+  const std::string sDots(256, '*');
+  const struct {
+    const char* szAmount;
+    const char* szWords;
+    const char* szField;
+  } rows[] = {
+      {"1,234.50", "One Thousand Two Hundred Thirty-Four and 50/100  ", "$       1,234.50"},
+      {"(12.505)", "Twelve and 51/100  ", "$        (12.51)"},
+      {"1000000000", "One Billion and 00/100  ", "$???????????????"},
+      {"99999999999999.99", "Void  ", "$???????????????"},
+  };
+  for (const auto& row : rows) {
+    const Outcome outcome = RunChecksOn(std::string("A;") + row.szAmount + ";1\n");
+    const std::string sWords = (row.szWords + sDots).substr(0, 80);
+    EXPECT_THAT(outcome.sOutput, HasSubstr("\n       " + sWords + "  ")) << row.szAmount;
+    const std::size_t nField = outcome.sOutput.find('$');
+    std::string sField =
+        outcome.sOutput.substr(nField, outcome.sOutput.find('\n', nField) - nField);
+    std::string sWanted = row.szField;
+    for (std::string* pText : {&sField, &sWanted}) std::erase(*pText, ' ');
+    EXPECT_EQ(sField, sWanted) << row.szAmount;
+  }
+}
+
+TEST(Amount, ShowsHowATextIsReadAndWritten) {
+  const Outcome outcome = RunAldtool("amount '(1,234.505)'");
+  EXPECT_EQ(outcome.nStatus, 0);
+  for (const char* szPart :
+       {"money (MyStringToReal)            -1234.505\n",
+        "quantity (MyStringToQty)          -1234.51\n", "-1,234.51\n", "(1,234.51)\n",
+        " 1,234.51\n", "[           -1,234.51]\n", "[ -1,234.51]\n", "-1234.51\n",
+        "One Thousand Two Hundred Thirty-Four and 51/100 Dollars\n"}) {
+    EXPECT_THAT(outcome.sOutput, HasSubstr(szPart));
+  }
+  EXPECT_THAT(RunAldtool("amount 12,50").sOutput, HasSubstr("Beware"));
+  const Outcome refused = RunAldtool("amount 12-");
+  EXPECT_EQ(refused.nStatus, 2);
+  EXPECT_THAT(refused.sOutput, testing::StartsWith("aldtool: the amount '12-' cannot be read"));
+}
+
+TEST(Words, WritesTheLineOfACheque) {
+  const Outcome outcome = RunAldtool("words -- -21.5");
+  EXPECT_EQ(outcome.nStatus, 0);
+  EXPECT_EQ(outcome.sOutput,
+            "Twenty-One and 50/100 Dollars\nTwenty-One and 50/100  " + std::string(57, '*') + "\n");
+  EXPECT_EQ(RunAldtool("words 1e5").nStatus, 2);
+  const Outcome tooLarge = RunAldtool("words 1,000,000,000,000");
+  EXPECT_EQ(tooLarge.nStatus, 1);
+  EXPECT_THAT(tooLarge.sOutput, testing::StartsWith("Void\nVoid  ***"));
 }
 
 TEST(Checks, ReadsLinesThatEndInTheOldWay) {

@@ -4,11 +4,16 @@
 #include <string>
 #include <string_view>
 
+#include "aldlib/amounts/Format.h"
+#include "aldlib/amounts/Words.h"
 #include "aldlib/arith/FixedDecimal.h"
+#include "aldlib/platform/Characters.h"
+#include "aldlib/text/Constants.h"
 #include "aldlib/text/FixedString.h"
 #include "aldlib/text/IntegerText.h"
 #include "tools/aldtool/Commands.h"
 #include "tools/aldtool/TextFile.h"
+#include "tools/aldtool/TypedAmount.h"
 
 namespace aldtool {
 
@@ -30,18 +35,23 @@ std::string Money(const CDecimal& value) {
   return sText;
 }
 
+// The amount in words, up to the width of a cheque, and the field that is printed beside them.
+void PrintCheque(const CDecimal& amount) {
+  ald::CFixedString<81> sWords;
+  ald::CheckAmountText(amount, sWords, true);
+  ald::CFixedString<21> sField(ald::CurrencySign);
+  ald::AppendRtoString(sField, amount, 15, ald::kMoneyParentheses);
+  std::cout << "       " << ald::Utf8FromCodePage1252(sWords.view()) << "  "
+            << ald::Utf8FromCodePage1252(sField.view()) << '\n';
+}
+
 std::string ReadAmount(std::string_view sText, CDecimal& amount) {
-  const std::string sAmount(sText);
-  amount.fromRawString(sAmount.c_str());
-  const ald::DEC_STATUS eStatus = CDecimal::GetLastStatus();
-  if (eStatus != ald::DEC_OK) {
-    return "the amount '" + sAmount + "' cannot be read: " + ald::StatusName(eStatus);
-  }
-  const std::size_t nPoint = sAmount.find('.');
-  if (nPoint != std::string::npos && sAmount.size() - nPoint - 1 > CDecimal::kDecimals) {
-    return "the amount '" + sAmount + "' has more than 9 decimals";
-  }
-  return {};
+  if (sText.empty()) return "the amount is missing";
+  const std::string sAmount = ald::CodePage1252FromUtf8(sText);
+  std::string sTrouble = ReadTypedAmount(sAmount, amount);
+  if (sTrouble.empty()) sTrouble = DoubtAbout(sAmount);
+  if (sTrouble.empty()) return {};
+  return "the amount '" + std::string(sText) + "' " + sTrouble;
 }
 
 std::string ReadParts(std::string_view sText, std::uint16_t& nParts) {
@@ -118,6 +128,7 @@ int RunChecks(const std::string& sPath) {
     const CDecimal share = cheque.amount / CDecimal(cheque.nParts);
     row(i + 1, cheque.sPayee, Money(cheque.amount), cheque.nParts, Money(share), Money(total));
     std::cout << (bPastTheLimit ? " *\n" : "\n");
+    PrintCheque(cheque.amount);
     nPastTheLimit += bPastTheLimit ? 1 : 0;
   }
 

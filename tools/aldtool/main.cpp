@@ -14,7 +14,8 @@ int main(int nArguments, char** pszArguments) {
   std::string sPath;
   CLI::App* pChecks = app.add_subcommand(
       "checks",
-      "Read a list of cheques: print each amount, its share and the running total.\n"
+      "Read a list of cheques: print each amount, its share and the running total, and\n"
+      "below them the cheque: the amount in words and its field.\n"
       "A line holds payee; amount; split count. '#' starts a comment line.\n"
       "Ends with 0 if every line was good, 1 if some were not, 2 if the file is of no use.");
   pChecks->add_option("FILE", sPath, "The list, such as examples/checks/march.txt")->required();
@@ -26,10 +27,19 @@ int main(int nArguments, char** pszArguments) {
       "Prints the value and the status of the last operation. Division by zero gives 0.");
   pCalc->add_option("EXPRESSION", sExpression, "Such as '12.50 * 3 / 7'")->required();
 
-  // The parser would take an expression that starts with a minus for an option.
+  std::string sTyped;
+  CLI::App* pAmount = app.add_subcommand(
+      "amount", "Show how a typed amount is read, and every way in which it is written.");
+  pAmount->add_option("TEXT", sTyped, "Such as '1,234.50' or '(12.50)'")->required();
+  CLI::App* pWords = app.add_subcommand(
+      "words", "Write an amount in words, as it stands on a cheque of 80 characters.");
+  pWords->add_option("AMOUNT", sTyped, "Such as 1,234.50")->required();
+
+  // The parser would take a text that starts with a minus for an option.
   std::vector<std::string> arguments(pszArguments + 1, pszArguments + nArguments);
-  if (arguments.size() == 2 && arguments[0] == "calc" && arguments[1] != "-h" &&
-      arguments[1] != "--help") {
+  if (arguments.size() == 2 &&
+      (arguments[0] == "calc" || arguments[0] == "amount" || arguments[0] == "words") &&
+      arguments[1] != "-h" && arguments[1] != "--help") {
     arguments.insert(arguments.begin() + 1, "--");
   }
   std::reverse(arguments.begin(), arguments.end());  // as the parser wants them
@@ -38,5 +48,7 @@ int main(int nArguments, char** pszArguments) {
   } catch (const CLI::ParseError& error) {
     return app.exit(error);
   }
+  if (pAmount->parsed()) return aldtool::RunAmount(sTyped);
+  if (pWords->parsed()) return aldtool::RunWords(sTyped);
   return pChecks->parsed() ? aldtool::RunChecks(sPath) : aldtool::RunCalc(sExpression);
 }
