@@ -4,7 +4,8 @@ include(CMakePackageConfigHelpers)
 install(TARGETS aldlib EXPORT aldlibTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
         INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(DIRECTORY aldlib/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/aldlib FILES_MATCHING PATTERN "*.h")
+install(DIRECTORY aldlib/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/aldlib 
+        FILES_MATCHING PATTERN "*.h" PATTERN internal EXCLUDE)
 install(EXPORT aldlibTargets NAMESPACE aldlib:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/aldlib)
 
 configure_package_config_file(cmake/aldlibConfig.cmake.in ${CMAKE_CURRENT_BINARY_DIR}/aldlibConfig.cmake

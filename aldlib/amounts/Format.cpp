@@ -4,7 +4,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "aldlib/amounts/Separators.h"
+#include "aldlib/amounts/internal/Separators.h"
 #include "aldlib/arith/DecimalLiteral.h"
 #include "aldlib/arith/Precision.h"
 #include "aldlib/text/Justify.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "aldlib/amounts/Separators.h"
+#include "aldlib/amounts/internal/Separators.h"
 #include "aldlib/arith/Precision.h"
 #include "aldlib/text/Strings.h"
 

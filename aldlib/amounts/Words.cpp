@@ -5,9 +5,9 @@
 #include <string_view>
 
 #include "aldlib/arith/DecimalLiteral.h"
-#include "aldlib/text/BufferText.h"
 #include "aldlib/text/Constants.h"
 #include "aldlib/text/ResourceStrings.h"
+#include "aldlib/text/internal/BufferText.h"
 
 namespace ald {
 

@@ -42,7 +42,7 @@ class CBigInt {
   static constexpr int kWords = nBits / 32;
 
   // Word 0 is the least significant; the top bit of the last word is the sign.
-  std::uint32_t m_aWords[kWords];
+  std::uint32_t m_aWords[static_cast<std::size_t>(nBits) / 32];
 
   static const CBigInt ms_Zero;
   static const CBigInt ms_One;

@@ -1,5 +1,5 @@
 #include "aldlib/arith/FixedDecimal.h"
-#include "aldlib/arith/FixedDecimalWords.h"
+#include "aldlib/arith/internal/FixedDecimalWords.h"
 
 // Addition, subtraction, multiplication, division and comparison of ordinary values, on whole words
 // at once.

@@ -5,7 +5,7 @@
 #include <type_traits>
 
 #include "aldlib/arith/FixedDecimal.h"
-#include "aldlib/arith/FixedDecimalWords.h"
+#include "aldlib/arith/internal/FixedDecimalWords.h"
 
 // To and from the math type, double and the integer types.
 namespace ald {

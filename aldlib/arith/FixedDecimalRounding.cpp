@@ -1,7 +1,7 @@
 #include <bit>
 
 #include "aldlib/arith/FixedDecimal.h"
-#include "aldlib/arith/FixedDecimalWords.h"
+#include "aldlib/arith/internal/FixedDecimalWords.h"
 
 // Rounding is half away from zero everywhere, by adding 5 to the magnitude and cutting. Scaling by
 // powers of ten moves digits.

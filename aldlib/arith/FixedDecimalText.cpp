@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "aldlib/arith/FixedDecimal.h"
-#include "aldlib/arith/FixedDecimalWords.h"
-#include "aldlib/arith/PackedText.h"
+#include "aldlib/arith/internal/FixedDecimalWords.h"
+#include "aldlib/arith/internal/PackedText.h"
 #include "aldlib/platform/Characters.h"
 
 // Canonical text: "." for the point, "-" for the sign, no separators, whatever the locale. Ordinary

@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "aldlib/platform/Characters.h"
-#include "aldlib/text/BufferText.h"
+#include "aldlib/text/internal/BufferText.h"
 
 namespace ald {
 

@@ -3,8 +3,8 @@
 #include <cstring>
 
 #include "aldlib/platform/Characters.h"
-#include "aldlib/text/BufferText.h"
 #include "aldlib/text/Strings.h"
+#include "aldlib/text/internal/BufferText.h"
 
 namespace ald {
 namespace {

@@ -7,8 +7,8 @@
 
 #include "aldlib/frame/MemStore.h"
 #include "aldlib/platform/Characters.h"
-#include "aldlib/text/BufferText.h"
 #include "aldlib/text/IntegerText.h"
+#include "aldlib/text/internal/BufferText.h"
 
 namespace ald {
 namespace {

@@ -5,7 +5,7 @@
 #include <bitset>
 #include <string>
 
-#include "GuardedBuffer.h"
+#include "tests/text/GuardedBuffer.h"
 
 namespace ald {
 namespace {

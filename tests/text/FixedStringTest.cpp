@@ -8,11 +8,11 @@
 #include <type_traits>
 #include <unordered_set>
 
-#include "GuardedBuffer.h"
 #include "aldlib/frame/MemStore.h"
 #include "aldlib/text/Constants.h"
 #include "aldlib/text/DynamicHeapFixedString.h"
 #include "aldlib/text/ReportWords.h"
+#include "tests/text/GuardedBuffer.h"
 
 namespace ald {
 namespace {

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <string>
 
-#include "GuardedBuffer.h"
+#include "tests/text/GuardedBuffer.h"
 
 namespace ald {
 namespace {

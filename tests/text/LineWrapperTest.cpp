@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "GuardedBuffer.h"
+#include "tests/text/GuardedBuffer.h"
 
 namespace ald {
 namespace {

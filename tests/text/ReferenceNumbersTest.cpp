@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "GuardedBuffer.h"
+#include "tests/text/GuardedBuffer.h"
 
 namespace ald {
 namespace {

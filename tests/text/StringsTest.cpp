@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "GuardedBuffer.h"
 #include "aldlib/frame/MemStore.h"
 #include "aldlib/platform/Characters.h"
+#include "tests/text/GuardedBuffer.h"
 
 namespace ald {
 namespace {

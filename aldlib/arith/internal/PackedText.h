@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "aldlib/arith/PackedWords.h"
+#include "aldlib/arith/internal/PackedWords.h"
 
 // Sixteen characters of a text at once: digits to nibbles and back.
 namespace ald::packed {

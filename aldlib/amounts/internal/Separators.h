@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <cstring>
 
-#include "aldlib/text/BufferText.h"
 #include "aldlib/text/Constants.h"
 #include "aldlib/text/FixedString.h"
+#include "aldlib/text/internal/BufferText.h"
 
 // The separators of the region in the texts of numbers. Not part of the interface.
 namespace ald {

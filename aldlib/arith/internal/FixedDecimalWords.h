@@ -1,7 +1,7 @@
 #pragma once
 
 #include "aldlib/arith/FixedDecimal.h"
-#include "aldlib/arith/PackedWords.h"
+#include "aldlib/arith/internal/PackedWords.h"
 
 // What the fast roads of the decimal share.
 namespace ald {
