@@ -104,14 +104,42 @@ CBigInt<nBits> CBigInt<nBits>::operator-() const {
   return result;
 }
 
-// Schoolbook, word by word, on magnitudes. Three oddities are the contract: an overflowing product
-// is not clamped, a carry that op_Add swallows by clamping the accumulator is not reported, and the
-// sign test at the end takes a zero product of unlike signs for an overflow.
 template <int nBits>
 CBigInt<nBits>& CBigInt<nBits>::op_Multiply(const CBigInt& other) {
   const bool bUnlike = IsNegative() != other.IsNegative();
   const CBigInt left = Abs();
   const CBigInt right = other.Abs();
+  // A product that surely stays below the sign bit shows none of the oddities; nor may a factor be
+  // zero.
+  const int nHighest = left.HighestSetBit();
+  const int nOtherHighest = right.HighestSetBit();
+  if (nHighest < 0 || nOtherHighest < 0 || nHighest + nOtherHighest + 1 >= nBits - 1) {
+    return *this = MultiplyByWords(left, right, bUnlike);
+  }
+
+  CBigInt product;
+  const int nWords = nHighest / 32 + 1;
+  const int nOtherWords = nOtherHighest / 32 + 1;
+  for (int i = 0; i < nOtherWords; ++i) {
+    std::uint64_t nCarry = 0;
+    for (int j = 0; j < nWords && i + j < kWords; ++j) {
+      nCarry += std::uint64_t{right.m_aWords[i]} * left.m_aWords[j] + product.m_aWords[i + j];
+      product.m_aWords[i + j] = static_cast<std::uint32_t>(nCarry);
+      nCarry >>= 32;
+    }
+    if (i + nWords < kWords) product.m_aWords[i + nWords] = static_cast<std::uint32_t>(nCarry);
+  }
+  *this = bUnlike ? -product : product;
+  m_pTlsData->m_nMathError = MATH_OK;
+  return *this;
+}
+
+// Schoolbook, word by word, on magnitudes, as it is defined. Three oddities are the contract: an
+// overflowing product is not clamped, a carry that op_Add swallows by clamping the accumulator is
+// not reported, and the sign test at the end takes a zero product of unlike signs for an overflow.
+template <int nBits>
+CBigInt<nBits> CBigInt<nBits>::MultiplyByWords(const CBigInt& left, const CBigInt& right,
+                                               bool bUnlike) {
   CBigInt sum;
   bool bOverflow = false;
   for (int i = 0; i < kWords; ++i) {
@@ -132,7 +160,7 @@ CBigInt<nBits>& CBigInt<nBits>::op_Multiply(const CBigInt& other) {
   if (bUnlike) sum = -sum;
   if (!bOverflow) bOverflow = sum.IsNegative() != bUnlike;
   m_pTlsData->m_nMathError = bOverflow ? MATH_OVERFLOW : MATH_OK;
-  return *this = sum;
+  return sum;
 }
 
 template <int nBits>
@@ -187,25 +215,70 @@ void CBigInt<nBits>::DivideMagnitudes(const CBigInt& dividend, const CBigInt& di
     remainder = CBigInt(low(dividend) % low(divisor));
     return;
   }
-  const int nPower = divisor.LowestSetBit();
-  if (nPower == divisor.HighestSetBit()) {
+  if (divisor.HighestSetBit() < 32) {
     quotient = dividend;
-    quotient.op_RightShift(nPower);
-    remainder = dividend;
-    remainder.SetBitsFrom(nPower, false);
+    remainder.m_aWords[0] = quotient.DivideByWord(divisor.m_aWords[0]);
     return;
   }
-  const int nShift = dividend.HighestSetBit() - divisor.HighestSetBit();
-  remainder = dividend;
-  remainder.op_RightShift(nShift);
-  for (int i = nShift; i >= 0; --i) {
-    if (dividend.GetBit(i)) remainder.m_aWords[0] |= 1U;
-    if (CompareUnsigned(remainder, divisor) >= 0) {
-      quotient.SetBit(i);
-      remainder.op_Subtract(divisor);
-    }
-    if (i > 0) remainder.op_LeftShift(1);
+
+  // Long division in base 2^32 (Knuth, The Art of Computer Programming 4.3.1, algorithm D). Both
+  // are shifted so that the divisor's highest bit is set: then a digit guessed from the two highest
+  // words is at most two too large.
+  const int nCount = divisor.HighestSetBit() / 32 + 1;
+  const int nShift = 31 - divisor.HighestSetBit() % 32;
+  CBigInt scaled = divisor;
+  scaled.op_LeftShift(nShift);
+  std::uint32_t anRest[kWords + 1] = {};
+  for (int i = 0; i <= kWords; ++i) {
+    const std::uint64_t nHigh = i < kWords ? dividend.m_aWords[i] : 0U;
+    const std::uint64_t nLow = i > 0 ? dividend.m_aWords[i - 1] : 0U;
+    anRest[i] = static_cast<std::uint32_t>((nHigh << 32 | nLow) >> (32 - nShift));
   }
+  const std::uint64_t nTop = scaled.m_aWords[nCount - 1];
+  const std::uint64_t nNext = scaled.m_aWords[nCount - 2];
+  for (int i = kWords - nCount; i >= 0; --i) {
+    const std::uint64_t nHighest = std::uint64_t{anRest[i + nCount]} << 32 | anRest[i + nCount - 1];
+    std::uint64_t nGuess = nHighest / nTop;
+    std::uint64_t nLeft = nHighest % nTop;
+    while (nGuess >> 32 != 0 || nGuess * nNext > (nLeft << 32 | anRest[i + nCount - 2])) {
+      --nGuess;
+      nLeft += nTop;
+      if (nLeft >> 32 != 0) break;
+    }
+    std::uint64_t nBorrow = 0;
+    for (int j = 0; j < nCount; ++j) {
+      const std::uint64_t nTaken = nGuess * scaled.m_aWords[j] + nBorrow;
+      nBorrow = (nTaken >> 32) + (anRest[i + j] < static_cast<std::uint32_t>(nTaken) ? 1 : 0);
+      anRest[i + j] -= static_cast<std::uint32_t>(nTaken);
+    }
+    const bool bTooLarge = anRest[i + nCount] < nBorrow;
+    anRest[i + nCount] -= static_cast<std::uint32_t>(nBorrow);
+    if (bTooLarge) {
+      --nGuess;
+      std::uint64_t nCarry = 0;
+      for (int j = 0; j < nCount; ++j) {
+        nCarry += std::uint64_t{anRest[i + j]} + scaled.m_aWords[j];
+        anRest[i + j] = static_cast<std::uint32_t>(nCarry);
+        nCarry >>= 32;
+      }
+      anRest[i + nCount] += static_cast<std::uint32_t>(nCarry);
+    }
+    quotient.m_aWords[i] = static_cast<std::uint32_t>(nGuess);
+  }
+  for (int i = 0; i < kWords; ++i) remainder.m_aWords[i] = anRest[i];
+  remainder.op_RightShift(nShift);
+}
+
+// Divides the bit pattern and returns the remainder. The divisor is not zero.
+template <int nBits>
+std::uint32_t CBigInt<nBits>::DivideByWord(std::uint32_t nDivisor) {
+  std::uint64_t nRest = 0;
+  for (int i = kWords - 1; i >= 0; --i) {
+    nRest = nRest << 32 | m_aWords[i];
+    m_aWords[i] = static_cast<std::uint32_t>(nRest / nDivisor);
+    nRest %= nDivisor;
+  }
+  return static_cast<std::uint32_t>(nRest);
 }
 
 template <int nBits>

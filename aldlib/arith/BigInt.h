@@ -195,6 +195,8 @@ class CBigInt {
  private:
   void SetBit(int nBit) { m_aWords[nBit / 32] |= 1U << (nBit % 32); }
   void Clear() { *this = CBigInt(); }
+  static CBigInt MultiplyByWords(const CBigInt& left, const CBigInt& right, bool bUnlike);
+  std::uint32_t DivideByWord(std::uint32_t nDivisor);
   static void DivideMagnitudes(const CBigInt& dividend, const CBigInt& divisor, CBigInt& quotient,
                                CBigInt& remainder);
 };

@@ -42,12 +42,16 @@ template <int nBits>
 CString CBigInt<nBits>::toDecimalString() const {
   CString sText;
   sText.reserve(DecimalRoom(nBits));
+  // Nine digits to a division; zeros only between digits.
   CBigInt magnitude = Abs();
   do {
-    CBigInt digit;
-    magnitude.DivideWithRemainder(ms_Ten, digit);
-    sText += "0123456789"[digit.m_aWords[0]];
+    std::uint32_t nDigits = magnitude.DivideByWord(1'000'000'000);
+    const bool bLast = magnitude.IsZero();
+    for (int i = 0; i < 9 && !(bLast && nDigits == 0 && !sText.empty()); ++i, nDigits /= 10) {
+      sText += static_cast<char>('0' + nDigits % 10);
+    }
   } while (!magnitude.IsZero());
+  m_pTlsData->m_nMathError = MATH_OK;
   if (IsNegative()) sText += '-';
   std::reverse(sText.begin(), sText.end());
   return sText;

@@ -325,9 +325,9 @@ struct Pair {
           static_cast<std::uint64_t>(_mm_cvtsi128_si64(_mm_unpackhi_epi64(digits, digits)))};
 #else
   const auto convert = [](std::uint64_t n) {  // eight digits
-    constexpr std::uint64_t kBytes = 0x000000FF000000FF;
+    constexpr std::uint64_t kLowByte = 0x000000FF000000FF;
     n = n / 10000 << 32 | n % 10000;  // two of four digits
-    const std::uint64_t nHundreds = (n * 5243 >> 19) & kBytes;
+    const std::uint64_t nHundreds = (n * 5243 >> 19) & kLowByte;
     n = n - 100 * nHundreds + (nHundreds << 16);  // four of two digits
     const std::uint64_t nTens = (n * 103 >> 10) & 0x000F000F000F000F;
     n += 6 * nTens;  // packed in each byte
