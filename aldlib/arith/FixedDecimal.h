@@ -449,8 +449,9 @@ class ALDLIB_EXPORT CFixedDecimal<23, 9> {
   CFixedDecimal& StoreSumOfCents(packed::Words a, packed::Words b, const CFixedDecimal& other);
   template <bool bSubtract>
   CFixedDecimal& StoreSum(packed::Words a, packed::Words b, const CFixedDecimal& other);
-  bool StoreProduct(packed::Words a, packed::Words b);
-  bool StoreQuotient(packed::Words a, packed::Words b);
+  CFixedDecimal& StoreProduct(packed::Words a, packed::Words b, const CFixedDecimal& other);
+  CFixedDecimal& StoreLargeProduct(packed::Words a, packed::Words b, const CFixedDecimal& other);
+  CFixedDecimal& StoreQuotient(packed::Words a, packed::Words b, const CFixedDecimal& other);
   static int CompareLastDigits(const CFixedDecimal& a, const CFixedDecimal& b);
   void SetToOverflow(bool bNegative, std::uint64_t nMagnitude);
   void StoreLimit(bool bPositive);

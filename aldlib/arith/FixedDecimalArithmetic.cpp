@@ -21,9 +21,13 @@ constexpr std::uint64_t kTenTo7 = 10'000'000;
 constexpr std::uint64_t kTenTo8 = 100'000'000;
 constexpr std::uint64_t kTenTo9 = 1'000'000'000;
 constexpr std::uint64_t kTenTo10 = 10'000'000'000;
+constexpr std::uint64_t kTenTo11 = 100'000'000'000;
 constexpr std::uint64_t kTenTo14 = 100'000'000'000'000;
 constexpr std::uint64_t kTenTo16 = 10'000'000'000'000'000;
 constexpr std::uint64_t kTenTo18 = 1'000'000'000'000'000'000;
+
+// With a high word up to this the whole value, times ten, is below 2^64.
+constexpr std::uint64_t kMostHigh = ~std::uint64_t{0} / kTenTo8 - 1;
 
 // Two decimals at the most: the seven digits of the low word are zero, and the high one counts
 // cents.
@@ -97,7 +101,7 @@ CDecimal& CDecimal::op_Multiply(const CDecimal& other) {
   const Words b = packed::Load(other.m_aBytes);
   if (RegistryExists() || !packed::HavePlainSigns(a, b)) [[unlikely]]
     return MultiplyByDigits(other);
-  if (!AreCents(a, b)) return StoreProduct(a, b) ? *this : MultiplyByDigits(other);
+  if (!AreCents(a, b)) return StoreProduct(a, b, other);
   const auto [nLeft, nRight] = BinaryOf(a.nHigh, b.nHigh);
   std::uint64_t nProduct;  // four decimals
   if (__builtin_mul_overflow(nLeft, nRight, &nProduct) || nProduct == 0 ||
@@ -112,35 +116,40 @@ CDecimal& CDecimal::op_Multiply(const CDecimal& other) {
   return StoreGood(Signed(digits, packed::SignOfProduct(a, b)));
 }
 
-// Split at the point: (I + f) * (J + g) = IJ + (Ig + Jf + fg). Returns false, with nothing stored,
-// if the product is zero or does not fit.
-[[gnu::noinline]] bool CDecimal::StoreProduct(Words a, Words b) {
+// The values times ten, which saves moving their digits: H * 10^8 + L. Their product counts units
+// of 10^-20, and its rounded ninth decimal is the eleventh digit from its end.
+[[gnu::noinline]] CDecimal& CDecimal::StoreProduct(Words a, Words b, const CDecimal& other) {
+  const auto [nLeft, nRight] = BinaryOf(a.nHigh, b.nHigh);
+  const auto [nLeftLow, nRightLow] = packed::BinaryOfLows(a, b);
+  if (nLeft > kMostHigh || nRight > kMostHigh) [[unlikely]]
+    return StoreLargeProduct(a, b, other);
+  const UInt128 nProduct =
+      UInt128{nLeft * kTenTo8 + nLeftLow} * (nRight * kTenTo8 + nRightLow) + kTenTo11 / 2;
+  if (nProduct >> 64 >= kTenTo16) [[unlikely]]
+    return MultiplyByDigits(other);
+  const auto [nHigh, nRest] = packed::Divide128By64(nProduct, kTenTo18);
+  const std::uint64_t nLow = nRest / kTenTo11;
+  if (nHigh >= kTenTo16 || (nHigh | nLow) == 0) [[unlikely]]
+    return MultiplyByDigits(other);
+  const std::uint64_t nTop = nHigh / kTenTo8;
+  return StoreGood(
+      Signed(DigitsOf(nTop, nHigh - nTop * kTenTo8, nLow * 10), packed::SignOfProduct(a, b)));
+}
+
+// Split at the point: (I + f) * (J + g) = IJ + (Ig + Jf + fg).
+[[gnu::noinline]] CDecimal& CDecimal::StoreLargeProduct(Words a, Words b, const CDecimal& other) {
   const auto [nLeft, nRight] = BinaryOf(a.nHigh >> 8, b.nHigh >> 8);
   const auto [nLeftPart, nRightPart] =
       BinaryOf((a.nHigh & 0xFF) << 28 | a.nLow >> 4, (b.nHigh & 0xFF) << 28 | b.nLow >> 4);
   // The one rounding: all other terms have whole ninth decimals.
   const std::uint64_t nRounded = (nLeftPart * nRightPart + kTenTo9 / 2) / kTenTo9;
-  std::uint64_t nWhole;
-  std::uint64_t nPart;
-  if ((nLeft | nRight) >> 30 == 0) [[likely]] {
-    const std::uint64_t nCross = nLeft * nRightPart + nRight * nLeftPart + nRounded;  // below 2^62
-    nWhole = nLeft * nRight + nCross / kTenTo9;
-    nPart = nCross % kTenTo9;
-  } else {
-    const UInt128 nCross = UInt128{nLeft} * nRightPart + UInt128{nRight} * nLeftPart + nRounded;
-    const UInt128 nSum = UInt128{nLeft} * nRight + nCross / kTenTo9;
-    if (nSum >= kTenTo14) return false;
-    nWhole = static_cast<std::uint64_t>(nSum);
-    nPart = static_cast<std::uint64_t>(nCross % kTenTo9);
-  }
-  if (nWhole >= kTenTo14 || (nWhole | nPart) == 0) [[unlikely]]
-    return false;
-  const std::uint64_t nTop = nWhole / 1'000'000;
-  const std::uint64_t nTwoDecimals = nPart / kTenTo7;
-  StoreGood(Signed(DigitsOf(nTop, (nWhole - nTop * 1'000'000) * 100 + nTwoDecimals,
-                            (nPart - nTwoDecimals * kTenTo7) * 10),
-                   packed::SignOfProduct(a, b)));
-  return true;
+  const UInt128 nCross = UInt128{nLeft} * nRightPart + UInt128{nRight} * nLeftPart + nRounded;
+  const UInt128 nWhole = UInt128{nLeft} * nRight + nCross / kTenTo9;
+  const auto nPart = static_cast<std::uint64_t>(nCross % kTenTo9);
+  if (nWhole >= kTenTo14 || (nWhole | nPart) == 0) return MultiplyByDigits(other);
+  const std::uint64_t nUpper = static_cast<std::uint64_t>(nWhole) * 100 + nPart / kTenTo7;
+  return StoreGood(Signed(DigitsOf(nUpper / kTenTo8, nUpper % kTenTo8, nPart % kTenTo7 * 10),
+                          packed::SignOfProduct(a, b)));
 }
 
 namespace {
@@ -167,38 +176,34 @@ CDecimal& CDecimal::op_Divide(const CDecimal& other) {
   const Words b = packed::Load(other.m_aBytes);
   if (RegistryExists() || !packed::HavePlainSigns(a, b)) [[unlikely]]
     return DivideByDigits(other);
-  if (!AreCents(a, b)) return StoreQuotient(a, b) ? *this : DivideByDigits(other);
+  if (!AreCents(a, b)) return StoreQuotient(a, b, other);
   const auto [nLeft, nRight] = BinaryOf(a.nHigh, b.nHigh);
   constexpr std::uint64_t kMostCents = (~std::uint64_t{0} - 5) / kTenTo10;
   Words digits;
   if (nLeft > kMostCents || nRight == 0) [[unlikely]] {
-    return StoreQuotient(a, b) ? *this : DivideByDigits(other);
+    return StoreQuotient(a, b, other);
   }
   if (!DigitsOfQuotient(nLeft * kTenTo10 / nRight, digits)) [[unlikely]]
     return DivideByDigits(other);
   return StoreGood(Signed(digits, packed::SignOfProduct(a, b)));
 }
 
-// Dividend and divisor both count as ten times what they are, which saves moving their digits.
-// Returns false, with nothing stored, if one of them or the quotient is zero, or if it does not
-// fit.
-[[gnu::noinline]] bool CDecimal::StoreQuotient(Words a, Words b) {
+// Dividend and divisor are ten times what they count, as in the product.
+[[gnu::noinline]] CDecimal& CDecimal::StoreQuotient(Words a, Words b, const CDecimal& other) {
   const auto [nLeft, nRight] = BinaryOf(a.nHigh, b.nHigh);
   const auto [nLeftLow, nRightLow] = packed::BinaryOfLows(a, b);
   const UInt128 nDividend = UInt128{nLeft} * kTenTo18 + nLeftLow * kTenTo10;  // below 2^114
-  const UInt128 nDivisor = UInt128{nRight} * kTenTo8 + nRightLow;
-  if (nDivisor == 0) return false;
   Words digits;
-  if (nDivisor >> 64 == 0 && nDividend >> 63 < nDivisor) [[likely]] {
-    if (!DigitsOfQuotient(packed::Divide128By64(nDividend, static_cast<std::uint64_t>(nDivisor)),
-                          digits)) {
-      return false;
-    }
-  } else if (!DigitsOfQuotient(nDividend / nDivisor, digits)) {
-    return false;
+  bool bFits = false;
+  const std::uint64_t nDivisor = nRight * kTenTo8 + nRightLow;
+  if (nRight <= kMostHigh && nDividend >> 63 < nDivisor) [[likely]] {
+    bFits = DigitsOfQuotient(packed::Divide128By64(nDividend, nDivisor).nQuotient, digits);
+  } else if (const UInt128 nWide = UInt128{nRight} * kTenTo8 + nRightLow; nWide != 0) {
+    bFits = DigitsOfQuotient(nDividend / nWide, digits);
   }
-  StoreGood(Signed(digits, packed::SignOfProduct(a, b)));
-  return true;
+  if (!bFits) [[unlikely]]
+    return DivideByDigits(other);
+  return StoreGood(Signed(digits, packed::SignOfProduct(a, b)));
 }
 
 int CDecimal::Compare(const CDecimal& a, const CDecimal& b) {

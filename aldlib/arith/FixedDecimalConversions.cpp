@@ -65,8 +65,7 @@ CDecimal& CDecimal::fromMathType(const MathType& value) {
   const packed::UInt128 nMagnitude = LowWordsOf(magnitude);
   // The quotient by 10^7 fits a word for sure where the upper word is below it.
   if (magnitude.m_aWords[4] != 0 || nMagnitude >> 64 >= kTenTo7) return fromMathByDigits(value);
-  const std::uint64_t nHigh = packed::Divide128By64(nMagnitude, kTenTo7);
-  const std::uint64_t nLow = static_cast<std::uint64_t>(nMagnitude) - nHigh * kTenTo7;
+  const auto [nHigh, nLow] = packed::Divide128By64(nMagnitude, kTenTo7);
   if (nHigh >= kTenTo16) return fromMathByDigits(value);
   packed::Words words = packed::DigitsOf(nHigh / kTenTo8, nHigh % kTenTo8, nLow * 10);
   words.nLow |= bNegative && nMagnitude != 0 ? packed::kNegative : packed::kPositive;

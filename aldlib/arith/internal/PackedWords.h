@@ -266,7 +266,7 @@ struct Pair {
                                             _mm_cvtsi64_si128(static_cast<long long>(nSecond)));
   // A byte of two nibbles counts sixteens where it should count tens.
   const __m128i tens = _mm_and_si128(_mm_srli_epi16(digits, 4), _mm_set1_epi8(0x0F));
-  const __m128i sixfold = _mm_add_epi8(_mm_slli_epi16(tens, 1), _mm_slli_epi16(tens, 2));
+  const __m128i sixfold = _mm_mullo_epi16(tens, Opaque(_mm_set1_epi16(6)));
   const __m128i hundreds = _mm_sub_epi8(digits, sixfold);  // bytes 0 to 99
   const __m128i thousands =                                // 16 bits, 0 to 9999
       _mm_add_epi16(_mm_and_si128(hundreds, _mm_set1_epi16(0xFF)),
@@ -338,17 +338,21 @@ struct Pair {
 #endif
 }
 
-// nDividend by nDivisor, whose quotient must fit a word: the upper word of the dividend is below
-// the divisor.
-[[gnu::always_inline]] inline std::uint64_t Divide128By64(UInt128 nDividend,
-                                                          std::uint64_t nDivisor) {
+struct Division {
+  std::uint64_t nQuotient;
+  std::uint64_t nRemainder;
+};
+
+// The quotient must fit a word: the upper word of the dividend is below the divisor.
+[[gnu::always_inline]] inline Division Divide128By64(UInt128 nDividend, std::uint64_t nDivisor) {
 #if defined(__x86_64__) && !defined(ALDLIB_PORTABLE_ARITHMETIC)
   auto nHigh = static_cast<std::uint64_t>(nDividend >> 64);
   auto nLow = static_cast<std::uint64_t>(nDividend);
   __asm__("divq %2" : "+a"(nLow), "+d"(nHigh) : "r"(nDivisor) : "cc");
-  return nLow;
+  return {nLow, nHigh};
 #else
-  return static_cast<std::uint64_t>(nDividend / nDivisor);
+  return {static_cast<std::uint64_t>(nDividend / nDivisor),
+          static_cast<std::uint64_t>(nDividend % nDivisor)};
 #endif
 }
 
