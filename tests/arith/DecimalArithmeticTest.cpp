@@ -1,0 +1,234 @@
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <type_traits>
+
+#include "aldlib/arith/FixedDecimal.h"
+#include "tests/arith/Twins.h"
+
+// Arithmetic held against the plain digit rules, step for step, and against exact rationals.
+namespace ald::test {
+
+namespace {
+
+using reference::Integer;
+using PlainDecimal = reference::Decimal;
+
+std::string Print(int n) {
+  return std::to_string(n);
+}
+std::string Print(const std::string& sText) {
+  return sText;
+}
+std::string Print(const CDecimal::TextType& text) {
+  return std::string(text.view());
+}
+
+std::uint64_t ToInteger(const PlainDecimal& value, bool bRound, int nBits) {
+  return value.ToInteger(bRound, nBits);
+}
+std::uint64_t ToInteger(const CDecimal& value, bool bRound, int nBits) {
+  if (nBits == 16) return value.toIntType<unsigned short>(bRound);
+  return nBits == 32 ? value.toIntType<unsigned>(bRound)
+                     : value.toIntType<unsigned long long>(bRound);
+}
+
+// One operation, as code for either side. Its operands may be one and the same.
+struct Operation {
+  const char* szName;
+  std::string (*pfnReal)(CDecimal&, CDecimal&, CDecimal&, int);
+  std::string (*pfnPlain)(PlainDecimal&, PlainDecimal&, PlainDecimal&, int);
+};
+
+template <class TCode, class TDecimal>
+std::string Run(TDecimal& a, TDecimal& b, TDecimal& c, int n) {
+  if constexpr (std::is_void_v<decltype(TCode{}(a, b, c, n))>) {
+    TCode{}(a, b, c, n);
+    return "";
+  } else {
+    return Print(TCode{}(a, b, c, n));
+  }
+}
+
+template <class TCode>
+Operation Do(const char* szName, TCode) {
+  return {szName, &Run<TCode, CDecimal>, &Run<TCode, PlainDecimal>};
+}
+
+const Operation kOperations[] = {
+    Do("a += b", [](auto& a, auto& b, auto&, int) { a.op_Add(b); }),
+    Do("a -= b", [](auto& a, auto& b, auto&, int) { a.op_Subtract(b); }),
+    Do("a *= b", [](auto& a, auto& b, auto&, int) { a.op_Multiply(b); }),
+    Do("a /= b", [](auto& a, auto& b, auto&, int) { a.op_Divide(b); }),
+    Do("a = b + c", [](auto& a, auto& b, auto& c, int) { a = b + c; }),
+    Do("a = b - c", [](auto& a, auto& b, auto& c, int) { a = b - c; }),
+    Do("a = b * c", [](auto& a, auto& b, auto& c, int) { a = b * c; }),
+    Do("a = b / c", [](auto& a, auto& b, auto& c, int) { a = b / c; }),
+    Do("a = (b + c) - b", [](auto& a, auto& b, auto& c, int) { a = b + c - b; }),
+    Do("a = (b * c) / b", [](auto& a, auto& b, auto& c, int) { a = b * c / b; }),
+    Do("a = -b", [](auto& a, auto& b, auto&, int) { a = -b; }),
+    Do("a = b", [](auto& a, auto& b, auto&, int) { a = b; }),
+    Do("a.SetNegative()", [](auto& a, auto&, auto&, int) { a.SetNegative(); }),
+    Do("a.SetPositive()", [](auto& a, auto&, auto&, int) { a.SetPositive(); }),
+    Do("Compare(a, b)", [](auto& a, auto& b, auto&, int) { return a.Compare(a, b); }),
+    Do("a.Round(n)", [](auto& a, auto&, auto&, int n) { a.Round(n); }),
+    Do("a.ShiftByPower10(n)", [](auto& a, auto&, auto&, int n) { a.ShiftByPower10(n); }),
+    Do("a.FindPower10()", [](auto& a, auto&, auto&, int) { return a.FindPower10(); }),
+    Do("a.Split(b, c)", [](auto& a, auto& b, auto& c, int) { a.Split(b, c); }),
+    Do("a.toRawString(n)", [](auto& a, auto&, auto&, int n) { return a.toRawString(n); }),
+    Do("a = text of b", [](auto& a, auto& b, auto&, int n) { a.fromRawString(b.toRawString(n)); }),
+    Do("a = math of b", [](auto& a, auto& b, auto&, int) { a.fromMathType(b.toMathType()); }),
+    Do("a as 16 bits",
+       [](auto& a, auto&, auto&, int n) { return std::to_string(ToInteger(a, n > 0, 16)); }),
+    Do("a as 32 bits",
+       [](auto& a, auto&, auto&, int n) { return std::to_string(ToInteger(a, n > 0, 32)); }),
+    Do("a as 64 bits",
+       [](auto& a, auto&, auto&, int n) { return std::to_string(ToInteger(a, n > 0, 64)); }),
+};
+
+class DecimalArithmetic : public testing::Test {
+ protected:
+  ~DecimalArithmetic() override { CDecimal::SetErrorHandler(&CDecimal::DefaultErrorHandler); }
+};
+
+}  // namespace
+
+// A long life of four variables: whatever an operation leaves behind (an exact value past the
+// limits, a mark, a zero that is marked negative) is what the next one starts from.
+TEST_F(DecimalArithmetic, FollowsThePlainRulesToTheBit) {
+  Random random(20230);
+  Twin twins[4];
+  for (int i = 0; i < Rounds(200'000); ++i) {
+    if (i % 64 == 0) SetHandlers(static_cast<Handler>(Below(random, 4)));
+    Twin& fresh = twins[Below(random, 4)];
+    const int nLoad = Below(random, 32);
+    if (nLoad < 12) Load(fresh, RandomDecimal(random));
+    if (nLoad == 12) Load(fresh, RandomInteger(random, reference::kMathWords));
+    Twin& a = twins[Below(random, 4)];
+    Twin& b = twins[Below(random, 4)];
+    Twin& c = twins[Below(random, 4)];
+    const int n = Below(random, 45) - 22;
+    const Operation& operation = kOperations[Below(random, std::size(kOperations))];
+    const std::string sBefore = Show(a.plain) + ", " + Show(b.plain) + ", " + Show(c.plain);
+    const std::string sReal = operation.pfnReal(a.real, b.real, c.real, n);
+    const std::string sPlain = operation.pfnPlain(a.plain, b.plain, c.plain, n);
+    ASSERT_EQ(sReal, sPlain) << operation.szName << " of " << sBefore << " and " << n;
+    ASSERT_TRUE(Agree({&twins[0], &twins[1], &twins[2], &twins[3]}))
+        << operation.szName << " of " << sBefore << " and " << n << ", round " << i;
+  }
+}
+
+// By way of exact rationals, which know nothing of digits.
+TEST_F(DecimalArithmetic, RoundsTheExactResultOnce) {
+  SetHandlers(Handler::kNone);
+  Random random(20231);
+  const mpz_class unit = reference::Power(9);
+  const mpz_class end = reference::Power(23);
+  const auto round = [](const mpz_class& value, const mpz_class& by) {
+    const mpz_class magnitude = (2 * abs(value) + abs(by)) / (2 * abs(by));
+    return mpz_class(sgn(value) * sgn(by) * magnitude);
+  };
+  for (int i = 0; i < Rounds(20'000); ++i) {
+    Twin a;
+    Twin b;
+    Load(a, RandomDecimal(random));
+    Load(b, RandomDecimal(random));
+    const mpz_class x = a.plain.toMathType().Value();
+    const mpz_class y = b.plain.toMathType().Value();
+    const auto expect = [&](char c, const CDecimal& result, const mpz_class& exact) {
+      ASSERT_EQ(ToReference(result.toMathType()).Value(), exact) << x << " " << c << " " << y;
+      ASSERT_EQ(CDecimal::GetOverflowItem(&result) != nullptr, abs(exact) >= end) << exact;
+    };
+    expect('+', a.real + b.real, x + y);
+    expect('-', a.real - b.real, x - y);
+    expect('*', a.real * b.real, round(x * y, unit));
+    if (y != 0) expect('/', a.real / b.real, round(x * unit, y));
+    ASSERT_EQ(a.real <=> b.real, sgn(mpz_class(x - y)) <=> 0) << x << " and " << y;
+  }
+}
+
+TEST_F(DecimalArithmetic, KeepsItsCornerCases) {
+  const struct {
+    const char* szLeft;
+    char cOperation;
+    const char* szRight;
+    const char* szResult;
+    DEC_STATUS eStatus;
+  } rows[] = {
+      {"0", '/', "5", "0.000000000", DEC_OK},
+      {"5", '/', "0", "0.000000000", DEC_OK},
+      {"0", '/', "0", "0.000000000", DEC_OK},
+      {"-5", '*', "0", "0.000000000", DEC_OK},
+      {"0", '*', "-5", "0.000000000", DEC_OK},
+      {"1", '/', "3", "0.333333333", DEC_OK},
+      {"2", '/', "3", "0.666666667", DEC_OK},
+      {"-2", '/', "3", "-0.666666667", DEC_OK},
+      {"0.000000001", '*', "0.1", "0.000000000", DEC_UNDERFLOW},
+      {"0.000000005", '*', "0.1", "0.000000001", DEC_OK},
+      {"-0.000000005", '*', "0.1", "-0.000000001", DEC_OK},
+      {"0.000000003", '*', "0.03", "0.000000000", DEC_UNDERFLOW},
+      {"0.000000001", '/', "3", "0.000000000", DEC_UNDERFLOW},
+      {"-0.000000001", '*', "0.1", "-0.000000000", DEC_UNDERFLOW},
+      {"0.1", '*', "-0.000000001", "-0.000000000", DEC_UNDERFLOW},
+      {"0.000000001", '*', "-0.1", "-0.000000000", DEC_UNDERFLOW},
+      {"-0.1", '*', "0.000000001", "-0.000000000", DEC_UNDERFLOW},
+      {"0.000000003", '*', "-0.1", "0.000000000", DEC_UNDERFLOW},
+      {"-1", '*', "-1", "1.000000000", DEC_OK},
+      {"-3", '*', "3", "-9.000000000", DEC_OK},
+      {"1.000000001", '*', "1.000000001", "1.000000002", DEC_OK},
+      {"99999999999999.999999999", '-', "99999999999999.999999999", "0.000000000", DEC_OK},
+      {"-5", '+', "5", "0.000000000", DEC_OK},
+      {"-0.000000001", '-', "-0.000000001", "0.000000000", DEC_OK},
+  };
+  SetHandlers(Handler::kNone);
+  for (const auto& row : rows) {
+    CDecimal left(row.szLeft);
+    const CDecimal right(row.szRight);
+    switch (row.cOperation) {
+      case '+':
+        left += right;
+        break;
+      case '-':
+        left -= right;
+        break;
+      case '*':
+        left *= right;
+        break;
+      default:
+        left /= right;
+    }
+    EXPECT_EQ(CDecimal::GetLastStatus(), row.eStatus)
+        << row.szLeft << row.cOperation << row.szRight;
+    EXPECT_STREQ(left.toRawString(9), row.szResult) << row.szLeft << row.cOperation << row.szRight;
+  }
+  CDecimal lost("-0.000000001");
+  lost *= CDecimal("0.1");
+  EXPECT_LT(lost, CDecimal::ms_Zero);
+  EXPECT_EQ(lost.Sign(), -1);
+  EXPECT_EQ(CDecimal::Compare(CDecimal("0.000000001"), CDecimal("0.000000005")), -4);
+  EXPECT_EQ(CDecimal::Compare(CDecimal("-0.000000001"), CDecimal("-0.00000001")), 1);
+}
+
+// Records that were damaged may give any value, but nothing outside the twelve bytes is touched.
+TEST_F(DecimalArithmetic, SurvivesNibblesThatAreNoDigits) {
+  SetHandlers(Handler::kDefault);
+  Random random(20232);
+  for (int i = 0; i < Rounds(20'000); ++i) {
+    CDecimal values[3];
+    for (CDecimal& value : values) {
+      packed::Bytes bytes;
+      for (std::uint8_t& nByte : bytes) {
+        nByte = static_cast<std::uint8_t>(random() | (i % 2 == 0 ? random() : 0));
+      }
+      value = CDecimal::FromBytes(bytes);
+    }
+    kOperations[static_cast<std::size_t>(i) % std::size(kOperations)].pfnReal(
+        values[0], values[1], values[2], Below(random, 200) - 100);
+    std::ostringstream stream;
+    stream << values[0] << values[0].toDouble() << values[0].FormatDebugString(i % 12);
+  }
+  CDecimal::ForgetDebugFormat();
+}
+
+}  // namespace ald::test
