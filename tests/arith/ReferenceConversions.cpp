@@ -26,32 +26,29 @@ Integer MathPower(int n) {
 
 Integer RoundedQuotient(Integer value, const mpz_class& half, const Integer& divisor) {
   const Integer part(kMathWords, half);
-  value.IsNegative() ? value.Subtract(part) : value.Add(part);
+  value.IsNegative() ? value.op_Subtract(part) : value.op_Add(part);
   return value.Divide(divisor);
 }
 
 Decimal::Decimal(bool bNegative, std::uint64_t nMagnitude) {
-  const std::string sDigits = std::to_string(nMagnitude);
-  const int nCount = static_cast<int>(sDigits.size());
-  const mpz_class math = mpz_class(sDigits) * Power(kDecimals);
-  if (nCount > kDigits - kDecimals) {
-    *this = Limit(false);
+  const mpz_class math = nMagnitude * Power(kDecimals);
+  if (math < Power(kDigits)) {
+    for (int i = kDecimals; i < kDigits; ++i, nMagnitude /= 10) {
+      Digit(i) = static_cast<int>(nMagnitude % 10);
+    }
+  } else {
     const Integer exact(kMathWords, bNegative ? mpz_class(-math) : math);
+    *this = Limit(false);
     if (g_state.nHandlerDepth == 0) m_item = Item{DEC_OVERFLOW, exact, false};
     RaiseStatus(DEC_OVERFLOW);
-  } else {
-    for (int i = 0; i < nCount; ++i) {
-      Digit(kDecimals + nCount - 1 - i) = sDigits[static_cast<std::size_t>(i)] - '0';
-    }
   }
   if (bNegative) SetNegative();
 }
 
 Integer Decimal::toMathType() const {
   if (m_item) return m_item->value;
-  std::string sDigits;
-  for (int i = kDigits - 1; i >= 0; --i) sDigits += static_cast<char>('0' + Digit(i));
-  const mpz_class math(sDigits, 10);
+  mpz_class math;
+  for (int i = kDigits - 1; i >= 0; --i) math = 10 * math + Digit(i);
   return Integer(kMathWords, IsNegative() ? mpz_class(-math) : math);
 }
 
@@ -93,7 +90,8 @@ Decimal& Decimal::fromRawString(std::string sText) {
   const std::string sWhole = sText.substr(0, nPoint).erase(0, bMinus || sText.starts_with('+'));
   if (sWhole.size() > kDigits - kDecimals) {
     const Quietly quietly;
-    whole.fromMathType(Integer(kMathWords).FromDecimal(sWhole).Multiply(MathPower(kDecimals)));
+    whole.fromMathType(
+        Integer(kMathWords).fromDecimalString(sWhole).op_Multiply(MathPower(kDecimals)));
     eStatus = DEC_TEXT_OVERFLOW;
   } else {
     int nDigit = kDecimals + static_cast<int>(sWhole.size());
@@ -129,7 +127,7 @@ std::string Decimal::toRawString(int nDecimals) const {
   const bool bMinus = copy.m_item ? exact.IsNegative() : copy.IsNegative();
   if (copy.m_item && nDecimals < kDecimals) {
     const Integer unit = MathPower(kDecimals - nDecimals);
-    exact.Divide(unit).Multiply(unit);
+    exact.Divide(unit).op_Multiply(unit);
   }
   // At least one digit before the point and nine behind it, then as many decimals as asked for.
   std::string sText = exact.Magnitude().Value().get_str();
@@ -147,10 +145,10 @@ Decimal& Decimal::fromDouble(double value) {
   double fraction = std::modf(value, &whole) * 1e9;
   fraction += fraction < 0 ? -0.5 : 0.5;
   Integer math(kMathWords);
-  math.FromDouble(whole, false);
+  math.fromDouble(whole, false);
   if (g_nMathError == 0) {
-    const Integer decimals = Integer(kMathWords).FromDouble(fraction, false);
-    math.Multiply(MathPower(kDecimals)).Add(decimals);
+    const Integer decimals = Integer(kMathWords).fromDouble(fraction, false);
+    math.op_Multiply(MathPower(kDecimals)).op_Add(decimals);
   }
   DEC_STATUS eStatus = g_nMathError == 0 ? DEC_OK : DEC_OVERFLOW;
   if (eStatus == DEC_OK) {

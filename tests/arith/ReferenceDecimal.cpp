@@ -19,7 +19,7 @@ Decimal Evaluate(const Decimal& a, Decimal& (Decimal::*pfn)(const Decimal&), con
 }
 
 Integer RoundedProduct(const Integer& left, const Integer& right) {
-  return RoundedQuotient(Integer(left).Multiply(right), 5 * Power(8), MathPower(kDecimals));
+  return RoundedQuotient(Integer(left).op_Multiply(right), 5 * Power(8), MathPower(kDecimals));
 }
 
 }  // namespace
@@ -141,7 +141,7 @@ int Decimal::Compare(const Decimal& a, const Decimal& b) {
 void Decimal::AddExactly(const Decimal& left, const Decimal& right, bool bAdd) {
   const Quietly quietly;
   Integer value = left.toMathType();
-  fromMathType(bAdd ? value.Add(right.toMathType()) : value.Subtract(right.toMathType()));
+  fromMathType(bAdd ? value.op_Add(right.toMathType()) : value.op_Subtract(right.toMathType()));
 }
 
 // The result becomes the value, with the status that stands.
@@ -206,7 +206,7 @@ Integer Decimal::ProductOfDigits(Decimal right) const {
   Decimal left(*this);
   left.ShiftDigits(-nDrop);
   right.ShiftDigits(nDrop - kDecimals);
-  return left.toMathType().Multiply(right.toMathType());
+  return left.toMathType().op_Multiply(right.toMathType());
 }
 
 // Past the limits the limit of the sign is stored, while the registry is frozen.
@@ -276,7 +276,7 @@ Decimal& Decimal::op_Divide(const Decimal& other) {
   }
   if (!bDone) {
     // One guard digit, and that digit alone, decides the rounding.
-    const Integer quotient = toMathType().Multiply(MathPower(10)).Divide(divisor);
+    const Integer quotient = toMathType().op_Multiply(MathPower(10)).Divide(divisor);
     eStatus = StoreQuietly(RoundedQuotient(quotient, 5, MathPower(1)), bLike);
   }
   RaiseStatus(eStatus);
@@ -313,7 +313,7 @@ Decimal& Decimal::Round(int nDecimals) {
     }
     if (IsOverflow(eStatus) && m_item) {
       Integer cut = m_item->value;
-      fromMathType(cut.Divide(MathPower(k)).Multiply(MathPower(k)));
+      fromMathType(cut.Divide(MathPower(k)).op_Multiply(MathPower(k)));
     } else {
       ClearDigits(0, k);
     }

@@ -117,8 +117,6 @@ class Quietly {
  public:
   Quietly() : m_eSaved(g_state.eHandler) { g_state.eHandler = Handler::kNone; }
   ~Quietly() { g_state.eHandler = m_eSaved; }
-  Quietly(const Quietly&) = delete;
-  Quietly& operator=(const Quietly&) = delete;
 
  private:
   Handler m_eSaved;

@@ -1,15 +1,27 @@
 #include "tests/arith/ReferenceInteger.h"
 
 #include <cmath>
-#include <utility>
 
 namespace ald::reference {
 
 namespace {
 
-constexpr std::int32_t kOk = 0;
-constexpr std::int32_t kOverflow = 1;
-constexpr std::int32_t kDivideByZero = 2;
+mpz_class PowerOf2(int n) {
+  return mpz_class(1) << static_cast<mp_bitcnt_t>(n);
+}
+
+// a + b, or a + ~b + 1, without the carry out of the top.
+Integer SumOfWords(const Integer& a, const Integer& b, bool bComplement) {
+  Integer sum(a.Words());
+  std::uint64_t nCarry = bComplement ? 1 : 0;
+  for (std::size_t i = 0; i < a.m_words.size(); ++i) {
+    const std::uint32_t nWord = bComplement ? ~b.m_words[i] : b.m_words[i];
+    nCarry += std::uint64_t{a.m_words[i]} + nWord;
+    sum.m_words[i] = static_cast<std::uint32_t>(nCarry);
+    nCarry >>= 32;
+  }
+  return sum;
+}
 
 }  // namespace
 
@@ -22,135 +34,94 @@ Integer::Integer(int nWords, mpz_class value) : Integer(nWords) {
   }
 }
 
-mpz_class Integer::Value() const {
-  mpz_class value;
-  mpz_import(value.get_mpz_t(), m_words.size(), -1, sizeof(m_words[0]), 0, 0, m_words.data());
-  if (IsNegative()) value -= mpz_class(1) << static_cast<mp_bitcnt_t>(Bits());
-  return value;
+Integer Integer::Limit(int nWords, bool bLowest) {
+  const mpz_class end = PowerOf2(32 * nWords - 1);
+  return Integer(nWords, bLowest ? mpz_class(-end) : mpz_class(end - 1));
 }
 
-Integer Integer::Limit(int nWords, bool bLowest) {
-  const mpz_class top = mpz_class(1) << static_cast<mp_bitcnt_t>(32 * nWords - 1);
-  return Integer(nWords, bLowest ? mpz_class(-top) : mpz_class(top - 1));
+mpz_class Integer::Value() const {
+  mpz_class value;
+  mpz_import(value.get_mpz_t(), m_words.size(), -1, sizeof m_words[0], 0, 0, m_words.data());
+  return IsNegative() ? mpz_class(value - PowerOf2(Bits())) : value;
 }
 
 Integer& Integer::Negate() {
   for (std::uint32_t& nWord : m_words) nWord = ~nWord;
-  if ((m_words[0] & 1U) != 0) return Add(Integer(Words(), 1));
+  if ((m_words[0] & 1U) != 0) return op_Add(Integer(Words(), 1));
   m_words[0] |= 1U;
   return *this;
 }
 
-// With bComplement the other's words are complemented and one is added: a subtraction.
-Integer& Integer::AddWords(const Integer& other, bool bComplement) {
-  std::uint64_t nCarry = bComplement ? 1 : 0;
-  for (std::size_t i = 0; i < m_words.size(); ++i) {
-    const std::uint32_t nOther = bComplement ? ~other.m_words[i] : other.m_words[i];
-    nCarry += std::uint64_t{m_words[i]} + nOther;
-    m_words[i] = static_cast<std::uint32_t>(nCarry);
-    nCarry >>= 32;
-  }
-  return *this;
+// Past a limit both clamp, by the sign of the left operand.
+Integer& Integer::op_Add(const Integer& other) {
+  const Integer sum = SumOfWords(*this, other, false);
+  const bool bLike = IsNegative() == other.IsNegative();
+  g_nMathError = bLike && sum.IsNegative() != IsNegative() ? 1 : 0;
+  return *this = g_nMathError == 0 ? sum : Limit(Words(), IsNegative());
 }
 
-Integer& Integer::Add(const Integer& other) {
-  const bool bLeft = IsNegative();
-  const bool bRight = other.IsNegative();
-  AddWords(Integer(other), false);
-  g_nMathError = bLeft == bRight && IsNegative() != bLeft ? kOverflow : kOk;
-  return g_nMathError == kOk ? *this : *this = Limit(Words(), bLeft);
+Integer& Integer::op_Subtract(const Integer& other) {
+  const Integer difference = SumOfWords(*this, other, true);
+  const bool bLike = IsNegative() == other.IsNegative();
+  g_nMathError = !bLike && difference.IsNegative() != IsNegative() ? 1 : 0;
+  return *this = g_nMathError == 0 ? difference : Limit(Words(), IsNegative());
 }
 
-Integer& Integer::Subtract(const Integer& other) {
-  const bool bLeft = IsNegative();
-  const bool bRight = other.IsNegative();
-  AddWords(Integer(other), true);
-  g_nMathError = bLeft != bRight && IsNegative() != bLeft ? kOverflow : kOk;
-  return g_nMathError == kOk ? *this : *this = Limit(Words(), bLeft);
-}
-
-Integer& Integer::Multiply(const Integer& other) {
+// Not clamped; what the clamping of the sum swallows is not reported; and a zero product of unlike
+// signs is.
+Integer& Integer::op_Multiply(const Integer& other) {
   const bool bUnlike = IsNegative() != other.IsNegative();
   const Integer left = Magnitude();
   const Integer right = other.Magnitude();
   Integer sum(Words());
   bool bOverflow = false;
-  for (int i = 0; i < Words(); ++i) {
-    for (int j = 0; j < Words(); ++j) {
-      const std::uint64_t nProduct = std::uint64_t{right.m_words[static_cast<std::size_t>(i)]} *
-                                     left.m_words[static_cast<std::size_t>(j)];
+  for (std::size_t i = 0; i < m_words.size(); ++i) {
+    for (std::size_t j = 0; j < m_words.size(); ++j) {
+      const std::uint64_t nProduct = std::uint64_t{right.m_words[i]} * left.m_words[j];
       if (nProduct == 0) continue;
-      const int nOffset = 32 * (i + j);
-      if (nOffset >= Bits()) {
-        bOverflow = true;
-        continue;
-      }
-      if ((nProduct >> 32) != 0 && nOffset + 32 >= Bits()) bOverflow = true;
-      Integer part(Words());
-      part.m_words[0] = static_cast<std::uint32_t>(nProduct);
-      part.m_words[1] = static_cast<std::uint32_t>(nProduct >> 32);
-      sum.Add(part.ShiftLeft(nOffset));
+      const int nOffset = 32 * static_cast<int>(i + j);
+      if (nOffset + ((nProduct >> 32) != 0 ? 32 : 0) >= Bits()) bOverflow = true;
+      if (nOffset < Bits()) sum.op_Add(Integer(Words(), nProduct * PowerOf2(nOffset)));
     }
   }
   if (bUnlike) sum.Negate();
-  if (sum.IsNegative() != bUnlike) bOverflow = true;
-  g_nMathError = bOverflow ? kOverflow : kOk;
+  g_nMathError = bOverflow || sum.IsNegative() != bUnlike ? 1 : 0;
   return *this = sum;
 }
 
-Integer& Integer::Divide(const Integer& divisor, Integer& remainder) {
-  const bool bUnlike = IsNegative() != divisor.IsNegative();
-  const bool bNegative = IsNegative();
+Integer& Integer::Divide(const Integer& divisor, Integer* pRemainder) {
   const mpz_class dividend = Magnitude().Value();
   const mpz_class by = divisor.Magnitude().Value();
-  remainder = Integer(Words());
-  if (by == 0) {
-    g_nMathError = kDivideByZero;
-    return *this = Integer(Words());
+  Integer quotient(Words());
+  Integer remainder(Words());
+  if (by != 0) {
+    quotient = Integer(Words(), dividend / by);
+    remainder = Integer(Words(), dividend % by);
+    if (IsNegative() != divisor.IsNegative()) quotient.Negate();
+    if (IsNegative()) remainder.Negate();
   }
-  remainder = Integer(Words(), dividend % by);
-  Integer quotient(Words(), dividend / by);
-  if (bUnlike) quotient.Negate();
-  if (bNegative) remainder.Negate();
-  g_nMathError = kOk;
+  g_nMathError = by != 0 ? 0 : 2;
+  if (pRemainder != nullptr) *pRemainder = remainder;
   return *this = quotient;
 }
 
-Integer& Integer::Divide(const Integer& divisor) {
-  Integer remainder(Words());
-  return Divide(divisor, remainder);
-}
-
-Integer& Integer::ShiftLeft(int nCount) {
-  if (nCount < 0) return ShiftRight(-nCount);
-  return *this = Integer(Words(), nCount >= Bits() ? mpz_class(0) : Value() << nCount);
-}
-
-Integer& Integer::ShiftRight(int nCount) {
-  if (nCount < 0) return ShiftLeft(-nCount);
-  mpz_class value = Value();
-  if (value < 0) value += mpz_class(1) << static_cast<mp_bitcnt_t>(Bits());
-  return *this = Integer(Words(), nCount >= Bits() ? mpz_class(0) : value >> nCount);
-}
-
-Integer& Integer::FromDecimal(std::string sText) {
+Integer& Integer::fromDecimalString(std::string sText) {
   sText.erase(0, sText.find_first_not_of(" \t\n\v\f\r"));
-  const bool bMinus = !sText.empty() && sText[0] == '-';
+  const bool bMinus = sText.starts_with('-');
   if (bMinus) sText.erase(0, 1);
   *this = Integer(Words());
   for (std::size_t i = 0; i < sText.size() && sText[i] >= '0' && sText[i] <= '9'; ++i) {
-    if (sText[i] != '0') Add(Integer(Words(), sText[i] - '0'));
-    if (i + 1 < sText.size()) Multiply(Integer(Words(), 10));
+    if (sText[i] != '0') op_Add(Integer(Words(), sText[i] - '0'));
+    if (i + 1 < sText.size()) op_Multiply(Integer(Words(), 10));
   }
   return bMinus ? Negate() : *this;
 }
 
-Integer& Integer::FromDouble(double value, bool bRound) {
-  g_nMathError = kOk;
+Integer& Integer::fromDouble(double value, bool bRound) {
   if (!std::isfinite(value)) value = 0;
   if (bRound) value += value < 0 ? -0.5 : 0.5;
   const bool bFits = std::fabs(value) < std::ldexp(1.0, Bits() - 1);
-  if (!bFits) g_nMathError = kOverflow;
+  g_nMathError = bFits ? 0 : 1;
   return *this = bFits ? Integer(Words(), mpz_class(value)) : Limit(Words(), value < 0);
 }
 

@@ -1,11 +1,12 @@
 #include "tests/arith/Twins.h"
 
-#include <algorithm>
 #include <cstdlib>
 
 namespace ald::test {
 
 namespace {
+
+using reference::g_state;
 
 std::vector<reference::Call> g_calls;
 Handler g_eHandler = Handler::kNone;
@@ -16,7 +17,16 @@ bool RecordingHandler(CDecimal* pValue, DEC_STATUS eStatus) {
   return g_eHandler == Handler::kAccept;
 }
 
-std::string Hex(const reference::Bytes& bytes) {
+bool IsSame(const Twin& twin) {
+  if (twin.real.GetBytes() != twin.plain.GetBytes()) return false;
+  const CDecimal::COverflowItem* pItem = CDecimal::GetOverflowItem(&twin.real);
+  const auto& item = twin.plain.m_item;
+  if (pItem == nullptr || !item) return pItem == nullptr && !item;
+  return pItem->m_pOwner == &twin.real && pItem->m_eStatus == item->eStatus &&
+         pItem->m_bHandled == item->bHandled && ToReference(pItem->m_MathValue) == item->value;
+}
+
+std::string ShowDigits(const reference::Bytes& bytes) {
   std::string sText;
   for (const unsigned nByte : bytes) {
     sText += "0123456789ABCDEF"[nByte >> 4];
@@ -31,61 +41,40 @@ void SetHandlers(Handler eHandler) {
   g_eHandler = eHandler;
   CDecimal::SetErrorHandler(eHandler == Handler::kNone ? nullptr : &RecordingHandler);
   g_calls.clear();
-  reference::g_state = reference::State();
-  reference::g_state.eHandler = eHandler;
-  reference::g_state.eLast = CDecimal::GetLastStatus();
+  g_state = reference::State();
+  g_state.eHandler = eHandler;
+  g_state.eLast = CDecimal::GetLastStatus();
 }
 
 testing::AssertionResult Agree(std::initializer_list<const Twin*> twins) {
   const CDecimal::CALWThreadData& data = *CDecimal::m_pTlsData;
-  testing::AssertionResult failure = testing::AssertionFailure();
-  bool bAgree = true;
-  const auto differ = [&](const std::string& sWhat) {
-    bAgree = false;
-    failure << sWhat << "; ";
-  };
+  std::string sWrong;
   bool bItems = false;
   for (const Twin* pTwin : twins) {
-    const reference::Decimal& plain = pTwin->plain;
-    if (pTwin->real.GetBytes() != plain.GetBytes()) {
-      differ("bytes " + Hex(pTwin->real.GetBytes()) + " instead of " + Hex(plain.GetBytes()));
-    }
-    const CDecimal::COverflowItem* pItem = CDecimal::GetOverflowItem(&pTwin->real);
-    bItems = bItems || plain.m_item;
-    if ((pItem != nullptr) != plain.m_item.has_value()) {
-      differ(pItem != nullptr ? "an item too many" : "no item");
-    } else if (pItem != nullptr) {
-      if (pItem->m_pOwner != &pTwin->real) differ("a wrong owner");
-      if (pItem->m_eStatus != plain.m_item->eStatus) differ("a wrong status in the item");
-      if (pItem->m_bHandled != plain.m_item->bHandled) differ("a wrong mark in the item");
-      if (ToReference(pItem->m_MathValue) != plain.m_item->value) {
-        differ("exact value " + pItem->m_MathValue.toDecimalString() + " instead of " +
-               plain.m_item->value.ToDecimal());
-      }
-    }
+    bItems = bItems || pTwin->plain.m_item;
+    if (IsSame(*pTwin)) continue;
+    sWrong += Show(pTwin->real) + " instead of " + Show(pTwin->plain) + "; ";
   }
-  if (bItems != (data.m_pOverflowItems != nullptr)) differ("a wrong registry");
-  if (data.m_eLastStatus != reference::g_state.eLast) {
-    differ(std::string("status ") + StatusName(data.m_eLastStatus) + " instead of " +
-           StatusName(reference::g_state.eLast));
+  if (bItems != (data.m_pOverflowItems != nullptr)) sWrong += "the registry; ";
+  if (data.m_nHandlerDepth != 0 || data.m_nExpressionDepth != 0) sWrong += "a depth left over; ";
+  if (data.m_eLastStatus != g_state.eLast) {
+    sWrong += StatusName(data.m_eLastStatus) + std::string(" instead of ") +
+              StatusName(g_state.eLast) + "; ";
   }
-  if (data.m_nHandlerDepth != 0 || data.m_nExpressionDepth != 0) differ("a depth left over");
-
-  const auto& calls = reference::g_state.calls;
-  const auto isSame = [&twins](const reference::Call& real, const reference::Call& plain) {
-    const auto isTarget = [&](const Twin* pTwin) {
-      return (real.pObject == &pTwin->real) != (plain.pObject == &pTwin->plain);
-    };
+  const auto isSameCall = [&twins](const reference::Call& real, const reference::Call& plain) {
     return real.eStatus == plain.eStatus && real.bytes == plain.bytes &&
-           std::none_of(twins.begin(), twins.end(), isTarget);
+           std::all_of(twins.begin(), twins.end(), [&](const Twin* pTwin) {
+             return (real.pObject == &pTwin->real) == (plain.pObject == &pTwin->plain);
+           });
   };
-  if (!std::equal(g_calls.begin(), g_calls.end(), calls.begin(), calls.end(), isSame)) {
-    differ(std::to_string(g_calls.size()) + " handler calls, not the " +
-           std::to_string(calls.size()) + " due");
+  if (!std::equal(g_calls.begin(), g_calls.end(), g_state.calls.begin(), g_state.calls.end(),
+                  isSameCall)) {
+    sWrong += std::to_string(g_calls.size()) + " calls of the handler, not the " +
+              std::to_string(g_state.calls.size()) + " due; ";
   }
   g_calls.clear();
-  reference::g_state.calls.clear();
-  return bAgree ? testing::AssertionSuccess() : failure;
+  g_state.calls.clear();
+  return sWrong.empty() ? testing::AssertionSuccess() : testing::AssertionFailure() << sWrong;
 }
 
 void Load(Twin& twin, const reference::Decimal& value) {
@@ -122,26 +111,33 @@ reference::Integer RandomInteger(Random& random, int nWords) {
 }
 
 reference::Decimal RandomDecimal(Random& random) {
-  reference::Decimal value;
+  using reference::Decimal;
   const int nKind = Below(random, 16);
   const int nFirst = Below(random, 23);
   const int nEnd = nFirst + 1 + Below(random, 23 - nFirst);
+  Decimal value;
   for (int i = nFirst; i < nEnd; ++i) {
     value.m_digits[static_cast<std::size_t>(i)] = nKind == 0 ? 9 : Below(random, 10);
   }
-  if (nKind == 1) value = reference::Decimal::OneDigit(nFirst, 1);
-  if (nKind == 2) value = reference::Decimal::OneDigit(nFirst, 5);
-  if (nKind == 3) value = reference::Decimal::OneDigit(0, Below(random, 10));
-  if (nKind == 4) value = reference::Decimal::Limit(false);
-  if (nKind == 5) value = reference::Decimal();
-  if (nKind >= 12) std::fill_n(value.m_digits.begin(), 7, 0);  // an amount of money
-  if (Below(random, 2) == 0 && (nKind != 5 || Below(random, 4) == 0)) value.m_nSign = 0xD;
+  if (nKind == 1) value = Decimal::OneDigit(nFirst, 1);
+  if (nKind == 2) value = Decimal::OneDigit(nFirst, 5);
+  if (nKind == 3) value = Decimal::OneDigit(0, Below(random, 10));
+  if (nKind == 4) value = Decimal::Limit(false);
+  if (nKind == 5) value = Decimal();
+  if (nKind >= 10) std::fill_n(value.m_digits.begin(), 7, 0);
+  if (Below(random, 2) == 0) value.m_nSign = 0xD;
   return value;
 }
 
 std::string Show(const reference::Decimal& value) {
-  return (value.IsNegative() ? "-" : "") + Hex(value.GetBytes()).substr(0, 23) +
-         (value.m_item ? " exactly " + value.m_item->value.ToDecimal() : "");
+  return ShowDigits(value.GetBytes()) +
+         (value.m_item ? " (exactly " + value.m_item->value.Value().get_str() + ")" : "");
+}
+
+std::string Show(const CDecimal& value) {
+  const CDecimal::COverflowItem* pItem = CDecimal::GetOverflowItem(&value);
+  return ShowDigits(value.GetBytes()) +
+         (pItem != nullptr ? " (exactly " + pItem->m_MathValue.toDecimalString() + ")" : "");
 }
 
 }  // namespace ald::test

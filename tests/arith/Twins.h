@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <initializer_list>
 #include <random>
 #include <string>
@@ -27,13 +26,12 @@ struct Twin {
 // Switches both sides to a handler that records its calls, and starts with a clean record.
 void SetHandlers(Handler eHandler);
 
-// Bytes, exact value with its marks, last status, depths, and the calls of the handler since the
-// last question. The twins given have to be all that live.
+// Bytes, exact values with their marks, last status, depths, and the calls of the handler since the
+// last question. The twins have to be all that live.
 testing::AssertionResult Agree(std::initializer_list<const Twin*> twins);
 
-// Puts the value into both without a word.
+// Puts the value into both without a word; the second form may be past the limits.
 void Load(Twin& twin, const reference::Decimal& value);
-// One made by fromMathType, which may be past the limits.
 void Load(Twin& twin, const reference::Integer& math);
 
 template <int nBits>
@@ -55,9 +53,19 @@ int Rounds(int nRounds);
 int Below(Random& random, int nEnd);
 // Words of all zeros, all ones and their neighbours are as likely as any others.
 reference::Integer RandomInteger(Random& random, int nWords);
-// Any number of digits, powers of ten, nines, many zeros behind, tiny values, the limits, zero of
+// Any number of digits, powers of ten, nines, amounts of money, tiny values, the limits, zero of
 // either sign.
 reference::Decimal RandomDecimal(Random& random);
+
+// The twelve bytes, and the exact value times 10^9 if there is one.
 std::string Show(const reference::Decimal& value);
+std::string Show(const CDecimal& value);
+
+// Every test has the handler that it asked for, and leaves the default one.
+class DecimalTest : public testing::Test {
+ protected:
+  explicit DecimalTest(Handler eHandler = Handler::kNone) { SetHandlers(eHandler); }
+  ~DecimalTest() override { CDecimal::SetErrorHandler(&CDecimal::DefaultErrorHandler); }
+};
 
 }  // namespace ald::test
