@@ -88,6 +88,24 @@ TEST_F(DecimalConversion, FoldsTheWholePartIntoAnInteger) {
   EXPECT_EQ(past.toIntType<int>(false), static_cast<int>(99'999'999'999'999)) << "what shows";
 }
 
+TEST_F(DecimalConversion, TakesMathUpToTheLimitAndBeyond) {
+  Twin twin;
+  for (int n = 0; n < 150; ++n) {
+    // Powers of two and of ten, and multiples of what fits a machine word, each with neighbours.
+    const mpz_class bases[] = {mpz_class(1) << static_cast<mp_bitcnt_t>(n),
+                               reference::Power(n % 47), reference::Power(n % 20) << 64};
+    for (const mpz_class& base : bases) {
+      for (int nStep = -2; nStep <= 2; ++nStep) {
+        const mpz_class math = n % 2 == 0 ? mpz_class(base + nStep) : mpz_class(nStep - base);
+        Load(twin, reference::Decimal());
+        Load(twin, reference::Integer(reference::kMathWords, math));
+        ASSERT_TRUE(Agree({&twin})) << math;
+        ASSERT_EQ(ToReference(twin.real.toMathType()).Value(), math);
+      }
+    }
+  }
+}
+
 TEST_F(DecimalConversion, TakesIntegersOfEachWidth) {
   ExpectWhole(std::numeric_limits<std::int16_t>::min());
   ExpectWhole(std::numeric_limits<std::uint16_t>::max());

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <string>
 
 #include "aldlib/arith/FixedDecimal.h"
@@ -74,10 +77,30 @@ TEST_F(DecimalText, ReadsAsThePlainRulesDo) {
     for (int n = Below(random, i % 100 == 0 ? 40 : 7); n > 0; --n) {
       sText += kPieces[Below(random, std::size(kPieces))];
     }
+    if (i % 4 != 0) Load(twin, reference::Decimal());
     twin.real.fromRawString(sText.c_str());
     twin.plain.fromRawString(sText);
     ASSERT_TRUE(Agree({&twin})) << "\"" << sText << "\"";
   }
+}
+
+// The byte behind the terminator belongs to a page that cannot be read.
+TEST_F(DecimalText, ReadsNothingBehindTheEndOfAText) {
+  const auto nPage = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+  void* pPages =
+      mmap(nullptr, 2 * nPage, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  ASSERT_NE(pPages, MAP_FAILED);
+  char* szEnd = static_cast<char*>(pPages) + nPage;
+  ASSERT_EQ(mprotect(szEnd, nPage, PROT_NONE), 0);
+  for (std::string sText = "12345678901234.123456789"; !sText.empty(); sText.erase(0, 1)) {
+    for (std::size_t nLength = 0; nLength <= sText.size(); ++nLength) {
+      const std::string sPart = sText.substr(0, nLength);
+      char* szText = szEnd - nLength - 1;
+      std::copy_n(sPart.c_str(), nLength + 1, szText);
+      EXPECT_EQ(CDecimal(szText), CDecimal((sPart + std::string(32, '\0')).c_str())) << sPart;
+    }
+  }
+  munmap(pPages, 2 * nPage);
 }
 
 TEST_F(DecimalText, PrintsWithTheDecimalsAskedFor) {
