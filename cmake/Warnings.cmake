@@ -2,7 +2,7 @@
 add_library(aldlib_warnings INTERFACE)
 target_compile_options(aldlib_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wcast-align -Wold-style-cast
-  -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference -Wformat=2 -Wundef
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wformat=2 -Wundef
   $<$<BOOL:${ALDLIB_WARNINGS_AS_ERRORS}>:-Werror>)
 
 # What the sanitizers add makes the compiler see such uses inside the standard library's own headers.
