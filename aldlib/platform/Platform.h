@@ -3,6 +3,9 @@
 #include "aldlib/platform/Export.h"
 #include "aldlib/platform/Locale.h"
 #include "aldlib/platform/Machine.h"
+#include "aldlib/platform/Product.h"
+#include "aldlib/platform/Profile.h"
+#include "aldlib/platform/Registry.h"
 #include "aldlib/platform/Resources.h"
 
 namespace ald {
@@ -13,6 +16,9 @@ struct Platform {
   Resources& resources;
   Machine& machine;
   Locale& locale;
+  Profile& profile;
+  Registry& registry;
+  Product& product;
 };
 
 // Returns the platform in use: the installed one, or else the system's own. Answers at any time,

@@ -40,7 +40,9 @@ TEST(PlatformInUseDeathTest, AnswersAfterExitHasBegun) {
 TEST(PlatformInUse, IsTheInstalledOneUntilTheSystemsOwnComesBack) {
   Machine& own = CurrentPlatform().machine;
   FakeMachine machine;
-  const Platform fake{CurrentPlatform().resources, machine, CurrentPlatform().locale};
+  const Platform& system = CurrentPlatform();
+  const Platform fake{system.resources, machine,         system.locale,
+                      system.profile,   system.registry, system.product};
   InstallPlatform(&fake);
   CurrentPlatform().machine.RaiseDivisionFault();
   InstallPlatform(nullptr);

@@ -13,6 +13,8 @@
 #include "aldlib/frame/Alderlib.h"
 #include "aldlib/frame/MemStore.h"
 #include "aldlib/frame/MessageDoor.h"
+#include "aldlib/platform/IniText.h"
+#include "aldlib/platform/MemoryRegistry.h"
 #include "aldlib/platform/TableResources.h"
 
 // Ports that a test can see into and turn, and a platform made of them.
@@ -110,6 +112,38 @@ class FakeResources : public TableResources {
   bool m_bRefuseAttach = false;
 };
 
+// INI files that are texts of the test; the system profile is the one named "".
+class FakeProfile : public Profile {
+ public:
+  std::uint32_t ReadString(const char* szFile, const char* szSection, const char* szKey,
+                           const char* szDefault, char* szBuffer, std::uint32_t nSize) override {
+    const IniText text(m_files[szFile != nullptr ? szFile : ""]);
+    const IniText* const aTexts[] = {&text};
+    return ReadIniString(aTexts, szSection, szKey, szDefault, szBuffer, nSize);
+  }
+  std::uint32_t ReadInt(const char* szFile, const char* szSection, const char* szKey,
+                        std::int32_t nDefault) override {
+    const IniText text(m_files[szFile != nullptr ? szFile : ""]);
+    const IniText* const aTexts[] = {&text};
+    return ReadIniInt(aTexts, szSection, szKey, nDefault);
+  }
+
+  std::map<CString, CString> m_files;
+};
+
+class FakeProduct : public Product {
+ public:
+  CString IniFileName() override { return m_sIniFile; }
+  CString ProductName() override { return m_sProduct; }
+  bool SplitIniName(std::string_view sIniName, CString& sProduct, CString& sMajorVersion) override {
+    return SplitUsualIniName(sIniName, sProduct, sMajorVersion);
+  }
+  bool FeatureEnabled(std::uint32_t) override { return true; }
+
+  CString m_sIniFile = "PRODUCT.INI";
+  CString m_sProduct = "PRODUCT";
+};
+
 // While it lives the library stands on its ports, loaded anew; afterwards on the system's own,
 // loaded anew. So each test starts with a fresh library record and leaves nothing behind.
 class FakePlatform {
@@ -135,9 +169,12 @@ class FakePlatform {
   FakeResources m_resources;
   FakeMachine m_machine;
   FakeLocale m_locale;
+  FakeProfile m_profile;
+  MemoryRegistry m_registry;
+  FakeProduct m_product;
 
  private:
-  Platform m_platform{m_resources, m_machine, m_locale};
+  Platform m_platform{m_resources, m_machine, m_locale, m_profile, m_registry, m_product};
 };
 
 // A door that keeps the numbers it was to show, in order, and gives the answer it was told to.

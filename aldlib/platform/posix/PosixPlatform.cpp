@@ -1,8 +1,13 @@
+#include "aldlib/platform/MemoryRegistry.h"
 #include "aldlib/platform/NeverDestroyed.h"
 #include "aldlib/platform/SystemPlatform.h"
 #include "aldlib/platform/TableResources.h"
+#include "aldlib/platform/posix/IniProfile.h"
 #include "aldlib/platform/posix/PosixLocale.h"
 #include "aldlib/platform/posix/PosixMachine.h"
+#include "aldlib/platform/posix/PosixProduct.h"
+#include "aldlib/platform/posix/SettingsFolders.h"
+#include "aldlib/platform/posix/SqliteRegistry.h"
 
 namespace ald {
 namespace {
@@ -10,15 +15,30 @@ namespace {
 struct Ports {
   TableResources resources;
   PosixMachine machine;
-  PosixLocale locale;
-  Platform platform{resources, machine, locale};
+  IniProfile profile;
+  PosixLocale locale{&profile};
+#ifdef ALDLIB_SQLITE
+  SqliteRegistry registry{UserPreferencesFile(), MachinePreferencesFile()};
+#else
+  MemoryRegistry registry;
+#endif
+  PosixProduct product;
+  Platform platform{resources, machine, locale, profile, registry, product};
 };
+
+Ports& SystemPorts() {
+  static const NeverDestroyed<Ports> s_ports;
+  return *s_ports;
+}
 
 }  // namespace
 
 const Platform& SystemPlatform() {
-  static const NeverDestroyed<Ports> s_ports;
-  return (*s_ports).platform;
+  return SystemPorts().platform;
+}
+
+PosixProduct& SystemProduct() {
+  return SystemPorts().product;
 }
 
 }  // namespace ald
