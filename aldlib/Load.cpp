@@ -2,6 +2,7 @@
 #include "aldlib/Load.h"
 
 #include "aldlib/arith/FixedDecimal.h"
+#include "aldlib/config/Reread.h"
 #include "aldlib/frame/Alderlib.h"
 #include "aldlib/frame/LibraryState.h"
 #include "aldlib/frame/LibraryStrings.h"
@@ -12,9 +13,10 @@ namespace {
 
 constexpr std::int16_t kOwnSearchOrder = 9;
 
-// Reads the user's regional number and date settings into the exported variables. Nothing reads
-// them yet: the variables keep their defaults.
-void ReadRegionalSettings() {}
+// Reads the user's regional number and date settings into the exported variables.
+void ReadRegionalSettings() {
+  ReReadWinIni();
+}
 
 // Ends every folder search that is still open. There is nothing yet that opens one.
 void CloseOpenSearches() {}
@@ -38,6 +40,7 @@ void Unload(ModuleHandle hModule) {
   ReleaseInstanceTable();
   EndWindowMemory();
   CloseOpenSearches();
+  ForgetSettings();
 }
 
 // The module that stands for the library on the platform in use.
