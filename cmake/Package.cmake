@@ -4,8 +4,13 @@ include(CMakePackageConfigHelpers)
 install(TARGETS aldlib EXPORT aldlibTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
         INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(DIRECTORY aldlib/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/aldlib 
-        FILES_MATCHING PATTERN "*.h" PATTERN internal EXCLUDE)
+# No header promises what this build leaves out.
+set(aldlib_left_out)
+if(NOT ALDLIB_SQLITE)
+  set(aldlib_left_out PATTERN "SqliteRegistry.h" EXCLUDE)
+endif()
+install(DIRECTORY aldlib/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/aldlib
+        FILES_MATCHING PATTERN "*.h" PATTERN internal EXCLUDE ${aldlib_left_out})
 install(EXPORT aldlibTargets NAMESPACE aldlib:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/aldlib)
 
 configure_package_config_file(cmake/aldlibConfig.cmake.in ${CMAKE_CURRENT_BINARY_DIR}/aldlibConfig.cmake
