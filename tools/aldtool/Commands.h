@@ -13,6 +13,19 @@ inline constexpr int kUnusable = 2;  // nothing could be done; nothing was print
 int RunAmount(const std::string& sTyped);
 int RunCalc(const std::string& sExpression);
 int RunChecks(const std::string& sPath);
+int RunWhere();
 int RunWords(const std::string& sTyped);
+
+// The preferences of the user, or of the machine. A group is named by its number or key, a value by
+// the number or name of its preference. Looking changes nothing; the user's first setting takes
+// over those of the machine, as the application's first use does.
+int RunPrefsList(bool bMachine);
+int RunPrefsExport(bool bMachine);
+int RunPrefsGet(const std::string& sGroup, const std::string& sName, bool bMachine);
+// The type is "text", "number", "yesno", or empty: as it is in the store, or as it looks.
+int RunPrefsSet(const std::string& sGroup, const std::string& sName, const std::string& sText,
+                const std::string& sType, bool bMachine);
+// Without a name the whole group goes.
+int RunPrefsRemove(const std::string& sGroup, const std::string& sName, bool bMachine);
 
 }  // namespace aldtool

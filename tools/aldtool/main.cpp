@@ -6,9 +6,64 @@
 
 #include "tools/aldtool/Commands.h"
 
+namespace {
+
+// What the commands below "prefs" are given.
+struct PrefsArguments {
+  std::string sGroup;
+  std::string sName;
+  std::string sValue;
+  std::string sType;
+  bool bMachine = false;
+};
+
+void AddPrefs(CLI::App& app, PrefsArguments& given, int& nStatus) {
+  CLI::App* const pPrefs = app.add_subcommand(
+      "prefs", "Look at and change the preferences that the application has stored.");
+  pPrefs->require_subcommand(1);
+  const auto add = [&](const char* szName, const char* szHelp) {
+    CLI::App* const pCommand = pPrefs->add_subcommand(szName, szHelp);
+    pCommand->add_flag("--machine", given.bMachine,
+                       "The defaults of all users, not the user's own");
+    return pCommand;
+  };
+  const auto addNames = [&](CLI::App* pCommand, bool bNameRequired) {
+    pCommand->add_option("GROUP", given.sGroup, "Key or number, such as Options")->required();
+    pCommand->add_option("NAME", given.sName, "Name or number, such as autodecimal")
+        ->required(bNameRequired);
+  };
+
+  add("list", "List what is set for this product.")->callback([&] {
+    nStatus = aldtool::RunPrefsList(given.bMachine);
+  });
+  add("export", "Write the whole store, other products and versions included.")->callback([&] {
+    nStatus = aldtool::RunPrefsExport(given.bMachine);
+  });
+  CLI::App* const pGet = add("get", "Print one value.");
+  addNames(pGet, true);
+  pGet->callback(
+      [&] { nStatus = aldtool::RunPrefsGet(given.sGroup, given.sName, given.bMachine); });
+  CLI::App* const pSet = add("set", "Set one value.");
+  addNames(pSet, true);
+  pSet->add_option("VALUE", given.sValue, "The value; put -- before one that begins with -")
+      ->required();
+  pSet->add_option("--type", given.sType, "Without it: as it is in the store, or as it looks")
+      ->check(CLI::IsMember({"text", "number", "yesno"}));
+  pSet->callback([&] {
+    nStatus =
+        aldtool::RunPrefsSet(given.sGroup, given.sName, given.sValue, given.sType, given.bMachine);
+  });
+  CLI::App* const pRemove = add("remove", "Remove one value, or a group with all that is in it.");
+  addNames(pRemove, false);
+  pRemove->callback(
+      [&] { nStatus = aldtool::RunPrefsRemove(given.sGroup, given.sName, given.bMachine); });
+}
+
+}  // namespace
+
 // aldtool shows the library at work on real input.
 int main(int nArguments, char** pszArguments) {
-  CLI::App app("Exact amounts at the command line.", "aldtool");
+  CLI::App app("Exact amounts and stored settings at the command line.", "aldtool");
   app.require_subcommand(1);
 
   std::string sPath;
@@ -35,6 +90,13 @@ int main(int nArguments, char** pszArguments) {
       "words", "Write an amount in words, as it stands on a cheque of 80 characters.");
   pWords->add_option("AMOUNT", sTyped, "Such as 1,234.50")->required();
 
+  int nStatus = aldtool::kGood;
+  app.add_subcommand("where", "Print where the settings lie.")->callback([&] {
+    nStatus = aldtool::RunWhere();
+  });
+  PrefsArguments given;
+  AddPrefs(app, given, nStatus);
+
   // The parser would take a text that starts with a minus for an option.
   std::vector<std::string> arguments(pszArguments + 1, pszArguments + nArguments);
   if (arguments.size() == 2 &&
@@ -50,5 +112,6 @@ int main(int nArguments, char** pszArguments) {
   }
   if (pAmount->parsed()) return aldtool::RunAmount(sTyped);
   if (pWords->parsed()) return aldtool::RunWords(sTyped);
-  return pChecks->parsed() ? aldtool::RunChecks(sPath) : aldtool::RunCalc(sExpression);
+  if (pChecks->parsed()) return aldtool::RunChecks(sPath);
+  return pCalc->parsed() ? aldtool::RunCalc(sExpression) : nStatus;
 }
