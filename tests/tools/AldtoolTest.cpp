@@ -1,36 +1,20 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <string>
 
+#include "tests/tools/RunAldtool.h"
+
 namespace {
+
+using aldtool::Outcome;
+using aldtool::RunAldtool;
 
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
-
-struct Outcome {
-  int nStatus = -1;
-  std::string sOutput;  // both streams, in the order of writing
-};
-
-Outcome RunAldtool(const std::string& sArguments) {
-  Outcome outcome;
-  std::FILE* pPipe = popen(("LC_ALL=C " ALDTOOL " " + sArguments + " 2>&1").c_str(), "r");
-  if (pPipe == nullptr) return outcome;
-  char aBuffer[4096];
-  std::size_t nRead = 0;
-  while ((nRead = std::fread(aBuffer, 1, sizeof aBuffer, pPipe)) > 0) {
-    outcome.sOutput.append(aBuffer, nRead);
-  }
-  const int nWait = pclose(pPipe);
-  if (WIFEXITED(nWait)) outcome.nStatus = WEXITSTATUS(nWait);
-  return outcome;
-}
 
 Outcome RunChecksOn(const std::string& sContents) {
   const std::filesystem::path path =

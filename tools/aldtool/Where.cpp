@@ -32,8 +32,12 @@ int RunWhere() {
             << "  " << product.ProductName() << '\n';
   PrintPlace("product INI file", product.IniFileName(), "not there: defaults hold");
   PrintPlace("system profile", ald::SystemProfileFile(), "not there: the locale answers");
+#ifdef ALDLIB_SQLITE
   PrintPlace("user's preferences", ald::UserPreferencesFile(), "not there yet");
   PrintPlace("machine's preferences", ald::MachinePreferencesFile(), "not there");
+#else
+  std::cout << "preferences             in memory only: this build has no store\n";
+#endif
   return kGood;
 }
 
