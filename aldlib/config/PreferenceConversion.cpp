@@ -23,20 +23,25 @@ struct ProductVersion {
 };
 
 // Finds the version that this one was installed over; false if there was none, or the same one.
-bool FindFormerVersion(ProductVersion& former) {
+bool FindFormerVersion(ProductVersion& former) try {
   CString sIniName;
   if (!CALWMachineUserPreferences::GetUpgradeVersionInfo(sIniName)) return false;
   Product& product = CurrentPlatform().product;
   return product.SplitIniName(sIniName, former.sProduct, former.sMajorVersion) &&
          (former.sProduct != product.ProductName() || former.sMajorVersion != kMajorVersion);
+} catch (const std::bad_alloc&) {
+  return false;
 }
 
 }  // namespace
 
 bool CALWMachineUserPreferences::m_bConverted = false;
 
-bool CALWMachineUserPreferences::BuildRegKey(PreferenceGroup eGroup, CString& sKey) {
+bool CALWMachineUserPreferences::BuildRegKey(PreferenceGroup eGroup, CString& sKey) try {
   return BuildRegKey(CurrentPlatform().product.ProductName().c_str(), kMajorVersion, eGroup, sKey);
+} catch (const std::bad_alloc&) {
+  sKey.clear();
+  return false;
 }
 
 bool CALWMachineUserPreferences::BuildRegKey(const char* szProduct, const char* szMajorVersion,

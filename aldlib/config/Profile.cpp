@@ -44,15 +44,20 @@ CString CurrentFolder() {
 }  // namespace
 
 std::int16_t GetALWProfileString(AlderIniSections eSection, const char* szKey,
-                                 const char* szDefault, char* szBuffer, std::int16_t nSize) {
+                                 const char* szDefault, char* szBuffer, std::int16_t nSize) try {
   const CString sFile = CurrentPlatform().product.IniFileName();
   return ReadString(sFile.c_str(), SectionName(eSection), szKey, szDefault, szBuffer, nSize);
+} catch (const std::bad_alloc&) {
+  if (szBuffer != nullptr && nSize > 0) szBuffer[0] = '\0';
+  return 0;
 }
 
 std::uint32_t GetALWProfileInt(AlderIniSections eSection, const char* szKey,
-                               std::int16_t nDefault) {
+                               std::int16_t nDefault) try {
   const CString sFile = CurrentPlatform().product.IniFileName();
   return CurrentPlatform().profile.ReadInt(sFile.c_str(), SectionName(eSection), szKey, nDefault);
+} catch (const std::bad_alloc&) {
+  return static_cast<std::uint32_t>(nDefault);
 }
 
 std::int32_t GetALWProfileBOOL(AlderIniSections eSection, const char* szKey,

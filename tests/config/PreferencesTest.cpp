@@ -42,6 +42,8 @@ TEST_F(PreferencesTest, KeepEveryKindOfValue) {
   Preferences options(kWrite, kOptions);
   ASSERT_TRUE(options.isOpen());
   EXPECT_TRUE(options.SetValue(Preference::defaultuser, "Ada"));
+  CFixedString<9> sFixed("C:\\BOOKS");
+  EXPECT_TRUE(options.SetValue(Preference::urlpath, sFixed));  // a text, not a yes or no
   EXPECT_TRUE(options.SetValue(Preference::tipflag, true));
   EXPECT_TRUE(options.SetValue(Preference::lasttip, std::int32_t{-7}));
   EXPECT_TRUE(options.SetValue(Preference::maxheap, 4000000000U));
@@ -59,6 +61,8 @@ TEST_F(PreferencesTest, KeepEveryKindOfValue) {
   EXPECT_TRUE(again.GetValue(Preference::maxheap, 0U, nLong));
   EXPECT_TRUE(again.GetValue(Preference::precision, std::int16_t{0}, nShort));
   EXPECT_EQ(sText, "Ada");
+  EXPECT_TRUE(again.GetValue(Preference::urlpath, "x", sFixed));
+  EXPECT_EQ(sFixed, "C:\\BOOKS");
   EXPECT_TRUE(bFlag);
   EXPECT_EQ(nInt, -7);
   EXPECT_EQ(nLong, 4000000000U);

@@ -177,9 +177,10 @@ bool SqliteStore::OpenFile(bool bMake) {
   if (m_sFile.empty()) return false;
   if (bMake) {
     if (!MakeFolders(m_sFile, m_bPrivate)) return false;
-    // Made here for its mode, which SQLite gives to the journal as well.
+    // Made here for its mode, which SQLite gives to the journal as well. Only a new file is opened:
+    // closing one that is in use would drop the locks that this process has on it.
     const int nFile =
-        ::open(m_sFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, m_bPrivate ? 0600 : 0644);
+        ::open(m_sFile.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, m_bPrivate ? 0600 : 0644);
     if (nFile >= 0) ::close(nFile);
   }
   m_nProcess = ::getpid();
