@@ -3,6 +3,7 @@
 
 #include "aldlib/arith/FixedDecimal.h"
 #include "aldlib/config/Reread.h"
+#include "aldlib/config/internal/ForgetSettings.h"
 #include "aldlib/frame/Alderlib.h"
 #include "aldlib/frame/LibraryState.h"
 #include "aldlib/frame/LibraryStrings.h"

@@ -7,6 +7,7 @@
 #include "aldlib/arith/Precision.h"
 #include "aldlib/config/Preferences.h"
 #include "aldlib/config/Profile.h"
+#include "aldlib/config/internal/ForgetSettings.h"
 #include "aldlib/frame/Alderlib.h"
 #include "aldlib/frame/LargeClip.h"
 #include "aldlib/text/Constants.h"

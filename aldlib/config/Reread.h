@@ -30,7 +30,4 @@ ALDLIB_EXPORT void ReReadAlderIni();
 // the setting then lasts as long as the process. GetAutoDecimal reads it.
 ALDLIB_EXPORT void SetAutoDecimal(int nAutoDecimal);
 
-// Puts back what holds before anything has been read. For the unloading of the library.
-void ForgetSettings();
-
 }  // namespace ald

@@ -2,9 +2,9 @@
 
 #include <iterator>
 
-namespace ald {
+#include "aldlib/platform/internal/FoldedName.h"
 
-using internal::FoldedName;
+namespace ald {
 
 MemoryStore::MemoryStore() {
   m_keys[RootKey()] = {};

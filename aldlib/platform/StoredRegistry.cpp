@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <new>
 
-#include "aldlib/platform/Characters.h"
-
 namespace ald {
 namespace {
 
@@ -31,16 +29,6 @@ bool IsValueName(const char* szName) {
 }
 
 }  // namespace
-
-namespace internal {
-
-CString FoldedName(std::string_view sName) {
-  CString sFolded(sName);
-  for (char& c : sFolded) c = CharUpper(c);
-  return sFolded;
-}
-
-}  // namespace internal
 
 StoredRegistry::Place* StoredRegistry::Find(RegistryKey hKey) {
   const auto nHandle = static_cast<std::uint32_t>(hKey);

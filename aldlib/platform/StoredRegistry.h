@@ -81,11 +81,4 @@ class ALDLIB_EXPORT StoredRegistry : public Registry {
   std::vector<Place> m_places;
 };
 
-namespace internal {
-
-// The name with its letters in one case: equal for names that are the same.
-CString FoldedName(std::string_view sName);
-
-}  // namespace internal
-
 }  // namespace ald

@@ -9,6 +9,7 @@
 #include <iterator>
 
 #include "aldlib/platform/Characters.h"
+#include "aldlib/platform/internal/FoldedName.h"
 
 namespace ald {
 namespace {
@@ -227,7 +228,7 @@ RegistryStore::KeyId SqliteStore::RootKey() {
 
 RegistryStore::KeyId SqliteStore::FindElement(KeyId nParent, std::string_view sElement) {
   Run run(*this, kFindKey);
-  return run.Bind(nParent).Bind(internal::FoldedName(sElement)).Row() ? run.Number(0) : 0;
+  return run.Bind(nParent).Bind(FoldedName(sElement)).Row() ? run.Number(0) : 0;
 }
 
 RegistryStore::KeyId SqliteStore::Find(KeyId nParent, Path path) {
@@ -247,7 +248,7 @@ RegistryStore::KeyId SqliteStore::MakeElement(KeyId nParent, std::string_view sE
   const KeyId nThere = FindElement(nParent, sElement);
   if (nThere != 0) return nThere;
   Run run(*this, kMakeKey);
-  run.Bind(nParent).Bind(internal::FoldedName(sElement)).Bind(sElement).Bind(sClass);
+  run.Bind(nParent).Bind(FoldedName(sElement)).Bind(sElement).Bind(sClass);
   return run.Done() ? ::sqlite3_last_insert_rowid(m_pDatabase) : 0;
 }
 
@@ -267,7 +268,7 @@ RegistryStore::KeyId SqliteStore::Make(KeyId nParent, Path path, std::string_vie
 
 bool SqliteStore::Query(KeyId nKey, std::string_view sName, RegistryValue& value) {
   Run run(*this, kQueryValue);
-  if (!run.Bind(nKey).Bind(internal::FoldedName(sName)).Row()) return false;
+  if (!run.Bind(nKey).Bind(FoldedName(sName)).Row()) return false;
   value.eType = static_cast<RegistryType>(run.Number(0));
   value.sData = run.Data(1);
   return true;
@@ -275,15 +276,14 @@ bool SqliteStore::Query(KeyId nKey, std::string_view sName, RegistryValue& value
 
 bool SqliteStore::Set(KeyId nKey, std::string_view sName, const RegistryValue& value) {
   Run run(*this, kSetValue);
-  run.Bind(nKey).Bind(internal::FoldedName(sName)).Bind(sName);
+  run.Bind(nKey).Bind(FoldedName(sName)).Bind(sName);
   run.Bind(static_cast<std::int64_t>(value.eType)).BindData(value.sData);
   return run.Done();
 }
 
 bool SqliteStore::Delete(KeyId nKey, std::string_view sName) {
   Run run(*this, kDeleteValue);
-  return run.Bind(nKey).Bind(internal::FoldedName(sName)).Done() &&
-         ::sqlite3_changes(m_pDatabase) > 0;
+  return run.Bind(nKey).Bind(FoldedName(sName)).Done() && ::sqlite3_changes(m_pDatabase) > 0;
 }
 
 bool SqliteStore::KeyAt(KeyId nKey, std::uint32_t nIndex, CString& sName, CString& sClass) {
