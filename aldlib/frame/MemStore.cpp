@@ -6,8 +6,8 @@
 #include <cstring>
 #include <limits>
 
-#include "aldlib/frame/MemStoreFailures.h"
 #include "aldlib/frame/MessageDoor.h"
+#include "aldlib/frame/internal/MemStoreFailures.h"
 #include "aldlib/platform/Platform.h"
 
 namespace ald {

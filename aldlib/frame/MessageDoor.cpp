@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "aldlib/frame/LibraryStrings.h"
-#include "aldlib/platform/NeverDestroyed.h"
+#include "aldlib/platform/internal/NeverDestroyed.h"
 
 namespace ald {
 namespace {

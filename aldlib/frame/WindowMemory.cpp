@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "aldlib/frame/MemStoreFailures.h"
+#include "aldlib/frame/internal/MemStoreFailures.h"
 #include "aldlib/platform/Platform.h"
 
 namespace ald {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "aldlib/platform/SystemPlatform.h"
+#include "aldlib/platform/internal/SystemPlatform.h"
 
 namespace ald {
 namespace {
