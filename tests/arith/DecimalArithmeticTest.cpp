@@ -198,6 +198,7 @@ TEST_F(DecimalArithmetic, KeepsItsCornerCases) {
       {"1", kBy, "3", "0.333333333", DEC_OK},
       {"2", kBy, "3", "0.666666667", DEC_OK},
       {"-2", kBy, "3", "-0.666666667", DEC_OK},
+      {"18446744.08", kBy, "0.03", "614891469.333333333", DEC_OK},  // just past 2^64 on the way
       {"0.000000001", kBy, "3", "0", DEC_UNDERFLOW},
       {"0.000000005", kTimes, "0.1", "0.000000001", DEC_OK},
       {"-0.000000005", kTimes, "0.1", "-0.000000001", DEC_OK},

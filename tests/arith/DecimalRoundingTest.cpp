@@ -77,8 +77,12 @@ TEST_F(DecimalRounding, KnowsThePowersOfTen) {
     EXPECT_EQ((-power).FindPower10(), n);
     EXPECT_EQ(power.toMathType(), CDecimal::ms_anMathPowersOf10[static_cast<std::size_t>(n + 9)]);
     EXPECT_EQ(CDecimal::pow(CDecimal::ms_Ten, n), power);
+    for (int m = -9; m < n; ++m) {
+      const CDecimal sum = power + CDecimal::pow10(m);
+      EXPECT_EQ(sum.FindPower10(), CDecimal::kNoPower) << sum;
+    }
   }
-  for (const char* szText : {"0", "20", "1.5", "11", "0.000000009"}) {
+  for (const char* szText : {"0", "20", "0.000000009", "80000000000000"}) {
     EXPECT_EQ(CDecimal(szText).FindPower10(), CDecimal::kNoPower) << szText;
   }
   EXPECT_EQ(CDecimal::pow10(-10), CDecimal::ms_Zero);

@@ -124,6 +124,16 @@ reference::Decimal RandomDecimal(Random& random) {
   if (nKind == 3) value = Decimal::OneDigit(0, Below(random, 10));
   if (nKind == 4) value = Decimal::Limit(false);
   if (nKind == 5) value = Decimal();
+  if (nKind == 6) {
+    // What just fits a word of the machine, or just does not, scaled by some power of ten.
+    const mpz_class edge =
+        (mpz_class(1) << (26U + random() % 102U)) / reference::Power(Below(random, 20));
+    mpz_class math = (edge + Below(random, 3)) * reference::Power(Below(random, 2) * 7);
+    for (int& nDigit : value.m_digits) {
+      nDigit = static_cast<int>(mpz_class(math % 10).get_si());
+      math /= 10;
+    }
+  }
   if (nKind >= 10) std::fill_n(value.m_digits.begin(), 7, 0);
   if (Below(random, 2) == 0) value.m_nSign = 0xD;
   return value;

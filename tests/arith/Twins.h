@@ -53,8 +53,8 @@ int Rounds(int nRounds);
 int Below(Random& random, int nEnd);
 // Words of all zeros, all ones and their neighbours are as likely as any others.
 reference::Integer RandomInteger(Random& random, int nWords);
-// Any number of digits, powers of ten, nines, amounts of money, tiny values, the limits, zero of
-// either sign.
+// Any number of digits, powers of ten, nines, amounts of money, tiny values, the limits, neighbours
+// of powers of two, zero of either sign.
 reference::Decimal RandomDecimal(Random& random);
 
 // The twelve bytes, and the exact value times 10^9 if there is one.
