@@ -117,6 +117,19 @@ TEST_F(DecimalOverflow, FreezesTheRegistryWhileAHandlerRuns) {
   EXPECT_STREQ(x.toRawString(0), "100000000000001");
 }
 
+// The registry takes no new items then, but the item of the operand still tells its value.
+TEST_F(DecimalOverflow, CalculatesWithTheExactValueInsideAHandlerToo) {
+  CDecimal::SetErrorHandler([](CDecimal* pValue, DEC_STATUS) {
+    *pValue *= 0.1_dec;
+    EXPECT_EQ(CDecimal::FromBytes(pValue->GetBytes()), 30'000'000'000'000_dec);
+    *pValue /= 100_dec;  // of the exact value, which stands as it was
+    EXPECT_EQ(CDecimal::FromBytes(pValue->GetBytes()), 3'000'000'000'000_dec);
+    return true;
+  });
+  CDecimal x;
+  x = 100'000'000'000_dec * 3000_dec;
+}
+
 TEST_F(DecimalOverflow, TellsWhetherTheRegistryChanged) {
   const CDecimal x(5);
   CDecimal y(6);
