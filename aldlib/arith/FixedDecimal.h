@@ -458,7 +458,8 @@ class ALDLIB_EXPORT CFixedDecimal<23, 9> {
   DEC_STATUS AddOrSubtractExactly(const CFixedDecimal& left, const CFixedDecimal& right, bool bAdd);
   DEC_STATUS ShiftByPowerShortcut(const CFixedDecimal& right, bool& bTaken);
   DEC_STATUS StoreQuotientOrProduct(const MathType& value, bool bSameSigns);
-  MathType ProductWith(const CFixedDecimal& right, bool bExact) const;
+  MathType ProductOfDigits(const CFixedDecimal& right) const;
+  static MathType RoundedProduct(const MathType& left, const MathType& right);
 
   packed::Bytes m_aBytes;
 };

@@ -92,22 +92,23 @@ DEC_STATUS CDecimal::StoreQuotientOrProduct(const MathType& value, bool bSameSig
   return eStatus;
 }
 
-// The product times 10^9. Most amounts have few decimals: trailing zeros that make up nine places
-// are dropped from the operands, and then neither a division nor a rounding is needed.
-CBigInt<160> CDecimal::ProductWith(const CDecimal& right, bool bExact) const {
-  if (!bExact) {
-    const int nLeftZeros = CountTrailingZeroDecimals();
-    const int nRightZeros = nLeftZeros == kDecimals ? 0 : right.CountTrailingZeroDecimals();
-    if (nLeftZeros + nRightZeros >= kDecimals) {
-      const int nLeftDrop = nRightZeros == kDecimals ? 0 : nLeftZeros;
-      CDecimal left(*this);
-      CDecimal other(right);
-      left.ShiftDigits(-nLeftDrop);
-      other.ShiftDigits(nLeftDrop - kDecimals);
-      return left.toMathType() * other.toMathType();
-    }
-  }
-  MathType product = toMathType() * right.toMathType();
+// The product times 10^9, of digits alone. Most amounts have few decimals: trailing zeros that make
+// up nine places are dropped from the operands, and then neither a division nor a rounding is
+// needed.
+CBigInt<160> CDecimal::ProductOfDigits(const CDecimal& right) const {
+  const int nLeftZeros = CountTrailingZeroDecimals();
+  const int nRightZeros = nLeftZeros == kDecimals ? 0 : right.CountTrailingZeroDecimals();
+  if (nLeftZeros + nRightZeros < kDecimals) return RoundedProduct(toMathType(), right.toMathType());
+  const int nLeftDrop = nRightZeros == kDecimals ? 0 : nLeftZeros;
+  CDecimal left(*this);
+  CDecimal other(right);
+  left.ShiftDigits(-nLeftDrop);
+  other.ShiftDigits(nLeftDrop - kDecimals);
+  return left.toMathType() * other.toMathType();
+}
+
+CBigInt<160> CDecimal::RoundedProduct(const MathType& left, const MathType& right) {
+  MathType product = left * right;
   const MathType& half = ms_anMathDigitToPower10[5][kDecimals - 1];
   if (product.IsNegative()) {
     product -= half;
@@ -153,12 +154,16 @@ DEC_STATUS CDecimal::ShiftByPowerShortcut(const CDecimal& right, bool& bTaken) {
 CDecimal& CDecimal::MultiplyByDigits(const CDecimal& other) {
   const CDecimal saved(*this);
   const CDecimal& right = &other == this ? saved : other;
+  // A copy that is made inside a handler has no item, so the exact values are noted from the
+  // operands themselves.
+  const MathType leftValue = toMathType();
+  const MathType rightValue = other.toMathType();
   DEC_STATUS eStatus = DEC_OK;
   if (Compare(*this, ms_Zero) == 0 || Compare(right, ms_Zero) == 0) {
     SetToZero();
   } else {
     bool bDone = false;
-    bool bExact = FindItem(this) != nullptr || FindItem(&right) != nullptr;
+    bool bExact = FindItem(this) != nullptr || FindItem(&other) != nullptr;
     if (!bExact) {
       eStatus = ShiftByPowerShortcut(right, bDone);
       if (IsOverflow(eStatus)) {
@@ -169,8 +174,9 @@ CDecimal& CDecimal::MultiplyByDigits(const CDecimal& other) {
     }
     if (!bDone) {
       const CQuietScope quiet;
-      eStatus = StoreQuotientOrProduct(saved.ProductWith(right, bExact),
-                                       saved.IsNegative() == right.IsNegative());
+      eStatus = StoreQuotientOrProduct(
+          bExact ? RoundedProduct(leftValue, rightValue) : saved.ProductOfDigits(right),
+          saved.IsNegative() == right.IsNegative());
     }
   }
   RaiseStatus(eStatus, this);
@@ -180,7 +186,8 @@ CDecimal& CDecimal::MultiplyByDigits(const CDecimal& other) {
 CDecimal& CDecimal::DivideByDigits(const CDecimal& other) {
   const CDecimal saved(*this);
   const CDecimal& divisor = &other == this ? saved : other;
-  const MathType divisorValue = divisor.toMathType();
+  const MathType dividendValue = toMathType();
+  const MathType divisorValue = other.toMathType();
   DEC_STATUS eStatus = DEC_OK;
   // A zero that is marked negative divides like any other zero, in silence.
   if (Compare(*this, ms_Zero) == 0 || divisorValue.IsZero()) {
@@ -188,7 +195,7 @@ CDecimal& CDecimal::DivideByDigits(const CDecimal& other) {
   } else {
     const CQuietScope quiet;
     bool bDone = false;
-    const bool bExact = FindItem(this) != nullptr || FindItem(&divisor) != nullptr;
+    const bool bExact = FindItem(this) != nullptr || FindItem(&other) != nullptr;
     const int nPower = bExact ? kNoPower : divisor.FindPower10();
     if (nPower != kNoPower) {
       ShiftByPower10(-nPower);
@@ -203,7 +210,7 @@ CDecimal& CDecimal::DivideByDigits(const CDecimal& other) {
     }
     if (!bDone) {
       // Ten decimals, cut; the tenth alone decides the rounding, whatever follows it.
-      MathType quotient = saved.toMathType() * ms_anMathPowersOf10[kDecimals + 1] / divisorValue;
+      MathType quotient = dividendValue * ms_anMathPowersOf10[kDecimals + 1] / divisorValue;
       if (quotient.IsNegative()) {
         quotient -= MathType::ms_Five;
       } else {
@@ -248,7 +255,7 @@ CDecimal& CDecimal::RoundByDigits(int nDecimals) {
 // handler clears it.
 CDecimal& CDecimal::ShiftByDigits(int n) {
   DEC_STATUS eStatus = DEC_OK;
-  const bool bZero = Compare(*this, ms_Zero) == 0;
+  const bool bZero = IsZeroDigits();
   if (n >= kDigits) {
     if (!bZero) eStatus = DEC_OVERFLOW;
   } else if (n > 0) {
