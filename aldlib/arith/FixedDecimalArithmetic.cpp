@@ -14,6 +14,7 @@ namespace {
 
 using packed::BinaryOf;
 using packed::DigitsOf;
+using packed::FoursOf;
 using packed::UInt128;
 using packed::Words;
 
@@ -103,16 +104,17 @@ CDecimal& CDecimal::op_Multiply(const CDecimal& other) {
     return MultiplyByDigits(other);
   if (!AreCents(a, b)) return StoreProduct(a, b, other);
   const auto [nLeft, nRight] = BinaryOf(a.nHigh, b.nHigh);
-  std::uint64_t nProduct;  // four decimals
-  if (__builtin_mul_overflow(nLeft, nRight, &nProduct) || nProduct == 0 ||
-      nProduct / 100 >= kTenTo16) [[unlikely]] {
+  if ((nLeft | nRight) >> 32 != 0) [[unlikely]]
+    return StoreProduct(a, b, other);
+  const std::uint64_t nProduct = nLeft * nRight;  // four decimals
+  if (nProduct == 0 || nProduct / 100 >= kTenTo16) [[unlikely]]
     return MultiplyByDigits(other);
-  }
   // Each quotient comes from the product itself, not from the one before it: they run side by side.
   const std::uint64_t nHundredth = nProduct / 100;
   const std::uint64_t nTop = nProduct / kTenTo10;
-  const Words digits =
-      DigitsOf(nTop, nHundredth - nTop * kTenTo8, (nProduct - nHundredth * 100) * 1'000'000);
+  const std::uint64_t nLastTwo = nProduct - nHundredth * 100;  // with six zeros behind them
+  const Words digits = packed::DigitsOfFours(
+      FoursOf(nTop) << 32 | FoursOf(nHundredth - nTop * kTenTo8), nLastTwo * 100 << 16);
   return StoreGood(Signed(digits, packed::SignOfProduct(a, b)));
 }
 

@@ -295,23 +295,18 @@ struct Pair {
   return {n >> 32, n & 0xFFFFFFFF};
 }
 
-// The digits of three numbers below 10^8, one behind the other. The place of the last digit is free
-// for a sign.
-[[gnu::always_inline]] inline Words DigitsOf(std::uint64_t nTop, std::uint64_t nMiddle,
-                                             std::uint64_t nLow) {
+// Eight digits as two numbers of four, q above r in 32 bits: n - 10^4 q + 2^16 q. n / 10^4 is n *
+// 3518437209 >> 45 for every n below 2^32.
+[[gnu::always_inline]] inline std::uint64_t FoursOf(std::uint64_t n) {
+  return n + (n * 3518437209 >> 45) * (0x10000 - 10000);
+}
+
+// The digits of numbers of four digits, sixteen bits each.
+[[gnu::always_inline]] inline Words DigitsOfFours(std::uint64_t nHigh, std::uint64_t nLow) {
 #if ALDLIB_PACKED_SSE2
   using internal::Opaque;
-  const __m128i eights =
-      _mm_unpacklo_epi64(_mm_cvtsi64_si128(static_cast<long long>(nTop << 32 | nMiddle)),
-                         _mm_cvtsi64_si128(static_cast<long long>(nLow)));
-  // Each eight digits become two numbers of four: n / 10^4 is n * 3518437209 >> 45 for every n
-  // below 2^32.
-  const __m128i reciprocal = _mm_set1_epi64x(3518437209);
-  const __m128i even = _mm_srli_epi64(_mm_mul_epu32(eights, reciprocal), 45);
-  const __m128i odd = _mm_srli_epi64(_mm_mul_epu32(_mm_srli_epi64(eights, 32), reciprocal), 45);
-  const __m128i upper = _mm_or_si128(even, _mm_slli_epi64(odd, 32));
-  const __m128i lower = _mm_sub_epi32(eights, _mm_madd_epi16(upper, _mm_set1_epi32(10000)));
-  const __m128i fours = _mm_or_si128(lower, _mm_slli_epi32(upper, 16));
+  const __m128i fours = _mm_unpacklo_epi64(_mm_cvtsi64_si128(static_cast<long long>(nHigh)),
+                                           _mm_cvtsi64_si128(static_cast<long long>(nLow)));
   // Of 1000a + 100b + 10c + d: each ten, hundred and thousand weighs sixteen times the place below
   // it instead of ten.
   const __m128i tens = _mm_mulhi_epu16(fours, _mm_set1_epi16(6554));
@@ -324,9 +319,8 @@ struct Pair {
   return {static_cast<std::uint64_t>(_mm_cvtsi128_si64(digits)),
           static_cast<std::uint64_t>(_mm_cvtsi128_si64(_mm_unpackhi_epi64(digits, digits)))};
 #else
-  const auto convert = [](std::uint64_t n) {  // eight digits
+  const auto convert = [](std::uint64_t n) {  // two numbers of four digits, 32 bits apart
     constexpr std::uint64_t kLowByte = 0x000000FF000000FF;
-    n = n / 10000 << 32 | n % 10000;  // two of four digits
     const std::uint64_t nHundreds = (n * 5243 >> 19) & kLowByte;
     n = n - 100 * nHundreds + (nHundreds << 16);  // four of two digits
     const std::uint64_t nTens = (n * 103 >> 10) & 0x000F000F000F000F;
@@ -334,8 +328,16 @@ struct Pair {
     n = (n | n >> 8) & 0x0000FFFF0000FFFF;
     return (n | n >> 16) & 0xFFFFFFFF;
   };
-  return {convert(nTop) << 32 | convert(nMiddle), convert(nLow)};
+  const auto spread = [](std::uint64_t n) { return (n & 0xFFFF) | (n & 0xFFFF0000) << 16; };
+  return {convert(spread(nHigh >> 32)) << 32 | convert(spread(nHigh)), convert(spread(nLow))};
 #endif
+}
+
+// The digits of three numbers below 10^8, one behind the other. The place of the last digit is free
+// for a sign.
+[[gnu::always_inline]] inline Words DigitsOf(std::uint64_t nTop, std::uint64_t nMiddle,
+                                             std::uint64_t nLow) {
+  return DigitsOfFours(FoursOf(nTop) << 32 | FoursOf(nMiddle), FoursOf(nLow));
 }
 
 struct Division {
