@@ -212,7 +212,7 @@ TEST(PackedWords, DivideTwoWordsByOneUpToTheLargestQuotient) {
     const std::uint64_t nDivisor = i < 4 ? ~std::uint64_t{0} : (random() >> random() % 63) | 1;
     const std::uint64_t nQuotient = i % 4 == 0 ? ~std::uint64_t{0} : random() >> random() % 64;
     const std::uint64_t nRest = i % 2 == 0 ? nDivisor - 1 : random() % nDivisor;
-    ASSERT_EQ(Divide128By64(UInt128{nDivisor} * nQuotient + nRest, nDivisor), nQuotient)
+    ASSERT_EQ(Divide128By64(UInt128{nDivisor} * nQuotient + nRest, nDivisor).nQuotient, nQuotient)
         << nDivisor << ' ' << nRest;
   }
 }
