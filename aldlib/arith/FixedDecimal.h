@@ -30,7 +30,7 @@
 //
 // Status. Every operation leaves its DEC_STATUS in m_pTlsData->m_eLastStatus and offers a failure
 // to the error handler. Nothing throws. Both are process-wide: decimals are for one thread at a
-// time.
+// time. The math type's own error record is no part of this: most operations do without it.
 //
 // Overflow. A value past the limits shows the limit in its digits, and its exact value goes into a
 // registry under the object's address. Later arithmetic on that object uses the exact value, so

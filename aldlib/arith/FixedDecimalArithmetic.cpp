@@ -194,7 +194,7 @@ CDecimal& CDecimal::op_Divide(const CDecimal& other) {
 [[gnu::noinline]] CDecimal& CDecimal::StoreQuotient(Words a, Words b, const CDecimal& other) {
   const auto [nLeft, nRight] = BinaryOf(a.nHigh, b.nHigh);
   const auto [nLeftLow, nRightLow] = packed::BinaryOfLows(a, b);
-  const UInt128 nDividend = UInt128{nLeft} * kTenTo18 + nLeftLow * kTenTo10;  // below 2^114
+  const UInt128 nDividend = UInt128{nLeft} * kTenTo18 + nLeftLow * kTenTo10;  // below 2^113
   Words digits;
   bool bFits = false;
   const std::uint64_t nDivisor = nRight * kTenTo8 + nRightLow;

@@ -29,7 +29,7 @@ CDecimal& CDecimal::ShiftByPower10(int n) {
   packed::UInt128 nDigits = packed::UInt128{words.nHigh} << 28 | words.nLow >> 4;
   bool bRoundUp = false;
   if (n >= 0) {
-    if (nDigits >> 1 >> (kDigitBits - 1 - 4 * n) != 0) return ShiftByDigits(n);
+    if (nDigits >> (kDigitBits - 4 * n) != 0) return ShiftByDigits(n);
     nDigits <<= 4 * n;
   } else {
     const packed::UInt128 nMoved = nDigits >> (-4 * n);

@@ -33,6 +33,19 @@ struct LeadingDigits {
 
 #if ALDLIB_PACKED_SSE2
 
+// The address sanitizer, as GCC and as clang tell of it.
+#if defined(__has_feature)
+#define ALDLIB_HAS_FEATURE(feature) __has_feature(feature)
+#else
+#define ALDLIB_HAS_FEATURE(feature) 0
+#endif
+#if defined(__SANITIZE_ADDRESS__) || ALDLIB_HAS_FEATURE(address_sanitizer)
+#define ALDLIB_READS_WITHIN_TEXTS 1
+#else
+#define ALDLIB_READS_WITHIN_TEXTS 0
+#endif
+#undef ALDLIB_HAS_FEATURE
+
 namespace internal {
 
 // The sixteen bytes from szText on; those behind the terminator are whatever they are.
@@ -40,7 +53,7 @@ namespace internal {
   // A page is readable as a whole or not at all, so a load that stays within the page of its first
   // byte does no harm even where it passes the end of the text. The address sanitizer knows the
   // ends of texts better.
-#if !defined(__SANITIZE_ADDRESS__)
+#if !ALDLIB_READS_WITHIN_TEXTS
   constexpr std::uintptr_t kPage = 4096;
   if ((reinterpret_cast<std::uintptr_t>(szText) & (kPage - 1)) <= kPage - 16) [[likely]] {
     return _mm_loadu_si128(reinterpret_cast<const __m128i*>(szText));
