@@ -8,6 +8,7 @@
 #include "aldlib/config/Preferences.h"
 #include "aldlib/config/Profile.h"
 #include "aldlib/config/internal/ForgetSettings.h"
+#include "aldlib/dates/internal/Calendar.h"
 #include "aldlib/frame/Alderlib.h"
 #include "aldlib/frame/LargeClip.h"
 #include "aldlib/text/Constants.h"
@@ -17,9 +18,9 @@ namespace {
 
 constexpr const char* kRegionalSection = "intl";
 
-// The separator and order of dates, and the range that dates are tested against. There is nothing
-// yet that reads them.
-void ReadDateSettings() {}
+void ReadDateSettings() {
+  SetDateBounds();
+}
 
 void ReadNumberSettings() {
   GetWINProfileString(kRegionalSection, "sDecimal", DecimalPoint, DecimalPoint, 2);
@@ -64,6 +65,7 @@ void SetAutoDecimal(int nAutoDecimal) {
 }
 
 void ForgetSettings() {
+  ForgetDateBounds();
   DecimalPoint = ".";
   Comma = ",";
   CurrencyPrecision = 2;
