@@ -25,6 +25,7 @@
 #include "aldlib/config/Reread.h"
 #include "aldlib/dates/Calendar.h"
 #include "aldlib/dates/DateChrono.h"
+#include "aldlib/dates/DateText.h"
 #include "aldlib/dates/DatesType.h"
 #include "aldlib/dates/OleDate.h"
 #include "aldlib/frame/Alderlib.h"

@@ -8,7 +8,9 @@
 #include "aldlib/config/Preferences.h"
 #include "aldlib/config/Profile.h"
 #include "aldlib/config/internal/ForgetSettings.h"
+#include "aldlib/dates/DateText.h"
 #include "aldlib/dates/internal/Calendar.h"
+#include "aldlib/dates/internal/DateCustom.h"
 #include "aldlib/frame/Alderlib.h"
 #include "aldlib/frame/LargeClip.h"
 #include "aldlib/text/Constants.h"
@@ -19,6 +21,11 @@ namespace {
 constexpr const char* kRegionalSection = "intl";
 
 void ReadDateSettings() {
+  CFixedString<2> sSeparator = GetDateSeparator();
+  GetWINProfileString(kRegionalSection, "sDate", sSeparator, sSeparator, 2);
+  SetDateSeparator(sSeparator);
+  SetDateOrder(static_cast<DateOrderType>(
+      GetWINProfileInt(kRegionalSection, "iDate", static_cast<std::int16_t>(GetDateOrder()))));
   SetDateBounds();
 }
 
@@ -65,6 +72,7 @@ void SetAutoDecimal(int nAutoDecimal) {
 }
 
 void ForgetSettings() {
+  ForgetDateCustom();
   ForgetDateBounds();
   DecimalPoint = ".";
   Comma = ",";
