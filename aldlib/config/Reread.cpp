@@ -8,6 +8,9 @@
 #include "aldlib/config/Preferences.h"
 #include "aldlib/config/Profile.h"
 #include "aldlib/config/internal/ForgetSettings.h"
+#include "aldlib/dates/DateText.h"
+#include "aldlib/dates/internal/Calendar.h"
+#include "aldlib/dates/internal/DateCustom.h"
 #include "aldlib/frame/Alderlib.h"
 #include "aldlib/frame/LargeClip.h"
 #include "aldlib/text/Constants.h"
@@ -17,9 +20,14 @@ namespace {
 
 constexpr const char* kRegionalSection = "intl";
 
-// The separator and order of dates, and the range that dates are tested against. There is nothing
-// yet that reads them.
-void ReadDateSettings() {}
+void ReadDateSettings() {
+  CFixedString<2> sSeparator = GetDateSeparator();
+  GetWINProfileString(kRegionalSection, "sDate", sSeparator, sSeparator, 2);
+  SetDateSeparator(sSeparator);
+  SetDateOrder(static_cast<DateOrderType>(
+      GetWINProfileInt(kRegionalSection, "iDate", static_cast<std::int16_t>(GetDateOrder()))));
+  SetDateBounds();
+}
 
 void ReadNumberSettings() {
   GetWINProfileString(kRegionalSection, "sDecimal", DecimalPoint, DecimalPoint, 2);
@@ -64,6 +72,8 @@ void SetAutoDecimal(int nAutoDecimal) {
 }
 
 void ForgetSettings() {
+  ForgetDateCustom();
+  ForgetDateBounds();
   DecimalPoint = ".";
   Comma = ",";
   CurrencyPrecision = 2;

@@ -9,9 +9,10 @@ namespace ald {
 // Reads the regional settings of the system's profile, section "intl", each with its current value
 // as the default:
 //
-//   date separator, date order, the bounds of dates; "sDecimal" into DecimalPoint and "sThousand"
-//   into Comma, the first character of each; "iCurrDigits" into CurrencyPrecision, and what follows
-//   from it; and puts IntlErrorHandler in the place of the error handler that was there
+//   "sDate" into the separator of dates, its first character, and "iDate" into their order; sets
+//   the bounds that steps of a date stop at; "sDecimal" into DecimalPoint and "sThousand" into
+//   Comma, the first character of each; "iCurrDigits" into CurrencyPrecision, and what follows from
+//   it; and puts IntlErrorHandler in the place of the error handler that was there
 //
 // The library runs it when it loads. An application runs it again when the system announces that
 // the settings have changed.

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <compare>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <iosfwd>
+#include <type_traits>
 
 #include "aldlib/platform/Export.h"
 
@@ -18,6 +22,15 @@ struct DatesType {
 };
 static_assert(sizeof(DatesType) == 4 && offsetof(DatesType, month) == 1 &&
               offsetof(DatesType, year) == 2);
+static_assert(std::is_trivially_copyable_v<DatesType> && std::is_standard_layout_v<DatesType>);
+
+// A range of dates, both ends within it. The empty date stands for an open end.
+struct FromTo {
+  DatesType From;
+  DatesType To;
+  friend bool operator==(const FromTo&, const FromTo&) = default;
+};
+static_assert(sizeof(FromTo) == 8 && offsetof(FromTo, To) == 4);
 
 // The application's date of today: the library neither sets nor reads it. Empty from the start.
 ALDLIB_EXPORT extern DatesType TodaysDate;
@@ -25,4 +38,29 @@ ALDLIB_EXPORT extern DatesType TodaysDate;
 // Every bit set.
 ALDLIB_EXPORT extern const DatesType InvalidDate;
 
+// The four bytes as the one number that dates are ordered by.
+[[nodiscard]] constexpr std::int32_t DateKey(DatesType date) noexcept {
+  return static_cast<std::int32_t>(std::uint32_t{date.year} << 16 | std::uint32_t{date.month} << 8 |
+                                   date.day);
+}
+
+[[nodiscard]] constexpr bool operator==(DatesType a, DatesType b) noexcept {
+  return DateKey(a) == DateKey(b);
+}
+[[nodiscard]] constexpr std::strong_ordering operator<=>(DatesType a, DatesType b) noexcept {
+  return DateKey(a) <=> DateKey(b);
+}
+
+// Year, month and day as numbers, whatever they are: "2003-07-04", of the empty date "0000-00-00".
+ALDLIB_EXPORT std::ostream& operator<<(std::ostream& out, DatesType date);
+// Both ends: "2003-01-01..2003-01-31".
+ALDLIB_EXPORT std::ostream& operator<<(std::ostream& out, const FromTo& range);
+
 }  // namespace ald
+
+template <>
+struct std::hash<ald::DatesType> {
+  std::size_t operator()(ald::DatesType date) const noexcept {
+    return std::hash<std::int32_t>()(ald::DateKey(date));
+  }
+};

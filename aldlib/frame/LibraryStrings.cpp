@@ -13,6 +13,27 @@ struct LibraryString {
 
 // In ascending order of the numbers.
 constexpr LibraryString kStrings[] = {
+    // The months, with a heading, and the days of the week.
+    {20200, "Months"},
+    {20201, "January"},
+    {20202, "February"},
+    {20203, "March"},
+    {20204, "April"},
+    {20205, "May"},
+    {20206, "June"},
+    {20207, "July"},
+    {20208, "August"},
+    {20209, "September"},
+    {20210, "October"},
+    {20211, "November"},
+    {20212, "December"},
+    {20220, "Sunday"},
+    {20221, "Monday"},
+    {20222, "Tuesday"},
+    {20223, "Wednesday"},
+    {20224, "Thursday"},
+    {20225, "Friday"},
+    {20226, "Saturday"},
     // The memory store.
     {20300, "@Call Alderfell Technical Support."},
     {20301, "@Not enough Memory to run."},

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "aldlib/platform/Clock.h"
 #include "aldlib/platform/Export.h"
 #include "aldlib/platform/Locale.h"
 #include "aldlib/platform/Machine.h"
@@ -19,6 +20,7 @@ struct Platform {
   Profile& profile;
   Registry& registry;
   Product& product;
+  Clock& clock;
 };
 
 // Returns the platform in use: the installed one, or else the system's own. Answers at any time,

@@ -5,6 +5,7 @@
 #include "aldlib/arith/FixedDecimal.h"
 #include "aldlib/arith/Precision.h"
 #include "aldlib/config/Preferences.h"
+#include "aldlib/dates/DateText.h"
 #include "aldlib/frame/LargeClip.h"
 #include "aldlib/text/Constants.h"
 #include "tests/support/FakePlatform.h"
@@ -52,6 +53,43 @@ TEST(RegionalSettings, AreReadByTheLoadAndForgottenByTheUnload) {
   MoveToPlatform(&CurrentPlatform());
   EXPECT_EQ(DecimalPoint, ".");
   EXPECT_EQ(CurrencyPrecision, 2);
+}
+
+TEST(RegionalSettings, ReplaceTheCustomOfDates) {
+  FakePlatform platform;
+  const struct {
+    const char* szProfile;
+    const char* szSeparator;
+    std::int32_t nOrder;
+  } rows[] = {{"", "-", 0},
+              {"[intl]\nsDate=/.\niDate=2", "/", 2},
+              {"[intl]\niDate=1", "/", 1},
+              {"[intl]\nsDate=\niDate=", "", 1},
+              {"[intl]\niDate=7", "", 7}};
+  // Each starts from what the one before has left.
+  for (const auto& row : rows) {
+    platform.m_profile.m_files[""] = row.szProfile;
+    ReReadWinIni();
+    EXPECT_EQ(GetDateSeparator(), row.szSeparator) << row.szProfile;
+    EXPECT_EQ(GetDateOrder(), row.nOrder) << row.szProfile;
+  }
+  platform.m_profile.m_files.clear();
+  MoveToPlatform(&CurrentPlatform());
+  EXPECT_EQ(GetDateSeparator(), "-");
+  EXPECT_EQ(GetDateOrder(), DateOrderMDY);
+}
+
+TEST(RegionalSettings, LetDatesStepWithinTheirRange) {
+  FakePlatform platform;
+  DatesType date{31, 12, 2003};
+  IncDate(date, IncDay);
+  EXPECT_EQ(date, (DatesType{1, 1, 2004}));
+  AlderLibEntry({}, kProcessDetach, nullptr);
+  IncDate(date, IncDay);
+  EXPECT_EQ(date, DatesType{}) << "an unloaded library has no range";
+  ReReadWinIni();
+  DecDate(date, IncDay);
+  EXPECT_EQ(date, (DatesType{1, 1, 1901}));
 }
 
 TEST(RegionalSettings, PutTheirErrorHandlerInPlaceForGood) {

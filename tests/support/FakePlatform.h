@@ -144,6 +144,14 @@ class FakeProduct : public Product {
   CString m_sProduct = "PRODUCT";
 };
 
+// A clock that stands still at the moment the test has set.
+class FakeClock : public Clock {
+ public:
+  LocalTime Now() override { return m_now; }
+
+  LocalTime m_now{2003, 7, 4, 9, 5, 7, 89};
+};
+
 // While it lives the library stands on its ports, loaded anew; afterwards on the system's own,
 // loaded anew. So each test starts with a fresh library record and leaves nothing behind.
 class FakePlatform {
@@ -172,9 +180,10 @@ class FakePlatform {
   FakeProfile m_profile;
   MemoryRegistry m_registry;
   FakeProduct m_product;
+  FakeClock m_clock;
 
  private:
-  Platform m_platform{m_resources, m_machine, m_locale, m_profile, m_registry, m_product};
+  Platform m_platform{m_resources, m_machine, m_locale, m_profile, m_registry, m_product, m_clock};
 };
 
 // A door that keeps the numbers it was to show, in order, and gives the answer it was told to.

@@ -3,6 +3,7 @@
 #include "aldlib/platform/internal/NeverDestroyed.h"
 #include "aldlib/platform/internal/SystemPlatform.h"
 #include "aldlib/platform/posix/IniProfile.h"
+#include "aldlib/platform/posix/PosixClock.h"
 #include "aldlib/platform/posix/PosixLocale.h"
 #include "aldlib/platform/posix/PosixMachine.h"
 #include "aldlib/platform/posix/PosixProduct.h"
@@ -23,7 +24,8 @@ struct Ports {
   MemoryRegistry registry;
 #endif
   PosixProduct product;
-  Platform platform{resources, machine, locale, profile, registry, product};
+  PosixClock clock;
+  Platform platform{resources, machine, locale, profile, registry, product, clock};
 };
 
 Ports& SystemPorts() {

@@ -1,0 +1,25 @@
+#include "aldlib/platform/posix/PosixClock.h"
+
+#include <time.h>
+
+namespace ald {
+
+LocalTime PosixClock::Now() {
+  timespec now{};
+  tm local{};
+  if (::clock_gettime(CLOCK_REALTIME, &now) != 0 || ::localtime_r(&now.tv_sec, &local) == nullptr) {
+    return {};
+  }
+  const int nYear = local.tm_year + 1900;
+  if (nYear < 0 || nYear > 65535) return {};
+  const auto narrow = [](long nValue) { return static_cast<std::uint16_t>(nValue); };
+  return {narrow(nYear),
+          narrow(local.tm_mon + 1),
+          narrow(local.tm_mday),
+          narrow(local.tm_hour),
+          narrow(local.tm_min),
+          narrow(local.tm_sec),
+          narrow(now.tv_nsec / 1'000'000)};
+}
+
+}  // namespace ald

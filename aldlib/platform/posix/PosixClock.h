@@ -1,0 +1,14 @@
+#pragma once
+
+#include "aldlib/platform/Clock.h"
+#include "aldlib/platform/Export.h"
+
+namespace ald {
+
+// The system's clock, in the time zone that the process's environment names.
+class ALDLIB_EXPORT PosixClock : public Clock {
+ public:
+  LocalTime Now() override;
+};
+
+}  // namespace ald
