@@ -28,6 +28,7 @@
 #include "aldlib/dates/DateText.h"
 #include "aldlib/dates/DatesType.h"
 #include "aldlib/dates/OleDate.h"
+#include "aldlib/dates/Periods.h"
 #include "aldlib/frame/Alderlib.h"
 #include "aldlib/frame/Failures.h"
 #include "aldlib/frame/LargeClip.h"
