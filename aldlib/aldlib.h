@@ -24,6 +24,7 @@
 #include "aldlib/config/RegKey.h"
 #include "aldlib/config/Reread.h"
 #include "aldlib/dates/Calendar.h"
+#include "aldlib/dates/ClockTime.h"
 #include "aldlib/dates/DateChrono.h"
 #include "aldlib/dates/DateText.h"
 #include "aldlib/dates/DatesType.h"
