@@ -452,6 +452,7 @@ class ALDLIB_EXPORT CFixedDecimal<23, 9> {
   CFixedDecimal& StoreProduct(packed::Words a, packed::Words b, const CFixedDecimal& other);
   CFixedDecimal& StoreLargeProduct(packed::Words a, packed::Words b, const CFixedDecimal& other);
   CFixedDecimal& StoreQuotient(packed::Words a, packed::Words b, const CFixedDecimal& other);
+  CFixedDecimal& StoreLargeQuotient(packed::Words a, packed::Words b, const CFixedDecimal& other);
   static int CompareLastDigits(const CFixedDecimal& a, const CFixedDecimal& b);
   void SetToOverflow(bool bNegative, std::uint64_t nMagnitude);
   void StoreLimit(bool bPositive);

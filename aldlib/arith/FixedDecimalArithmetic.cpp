@@ -130,12 +130,12 @@ CDecimal& CDecimal::op_Multiply(const CDecimal& other) {
   if (nProduct >> 64 >= kTenTo16) [[unlikely]]
     return MultiplyByDigits(other);
   const auto [nHigh, nRest] = packed::Divide128By64(nProduct, kTenTo18);
-  const std::uint64_t nLow = nRest / kTenTo11;
-  if (nHigh >= kTenTo16 || (nHigh | nLow) == 0) [[unlikely]]
+  if (nHigh >= kTenTo16 || (nHigh == 0 && nRest < kTenTo11)) [[unlikely]]
     return MultiplyByDigits(other);
   const std::uint64_t nTop = nHigh / kTenTo8;
-  return StoreGood(
-      Signed(DigitsOf(nTop, nHigh - nTop * kTenTo8, nLow * 10), packed::SignOfProduct(a, b)));
+  Words digits = DigitsOf(nTop, nHigh - nTop * kTenTo8, nRest / kTenTo10);
+  digits.nLow &= packed::kLowDigits;  // a tenth decimal makes place for the sign
+  return StoreGood(Signed(digits, packed::SignOfProduct(a, b)));
 }
 
 // Split at the point: (I + f) * (J + g) = IJ + (Ig + Jf + fg).
@@ -163,11 +163,15 @@ template <class TWide>
   const TWide nRounded = nQuotient + 5;
   const TWide nTop = nRounded / kTenTo16;
   const TWide nUpper = nRounded / kTenTo8;
-  const auto nLow = static_cast<std::uint64_t>(nRounded - nUpper * kTenTo8) / 10;
   if (nTop >= kTenTo8 || nRounded < 10) [[unlikely]]
     return false;
-  digits = DigitsOf(static_cast<std::uint64_t>(nTop),
-                    static_cast<std::uint64_t>(nUpper - nTop * kTenTo8), nLow * 10);
+  const auto nMiddle = static_cast<std::uint64_t>(nUpper - nTop * kTenTo8);
+  const auto nLow = static_cast<std::uint64_t>(nRounded - nUpper * kTenTo8);
+  // Of 64 bits there are no more than four digits at the top.
+  const std::uint64_t nTopFours = sizeof(TWide) == 8 ? static_cast<std::uint64_t>(nTop)
+                                                     : FoursOf(static_cast<std::uint64_t>(nTop));
+  digits = packed::DigitsOfFours(nTopFours << 32 | FoursOf(nMiddle), FoursOf(nLow));
+  digits.nLow &= packed::kLowDigits;  // the guard digit makes place for the sign
   return true;
 }
 
@@ -195,15 +199,25 @@ CDecimal& CDecimal::op_Divide(const CDecimal& other) {
   const auto [nLeft, nRight] = BinaryOf(a.nHigh, b.nHigh);
   const auto [nLeftLow, nRightLow] = packed::BinaryOfLows(a, b);
   const UInt128 nDividend = UInt128{nLeft} * kTenTo18 + nLeftLow * kTenTo10;  // below 2^113
-  Words digits;
-  bool bFits = false;
   const std::uint64_t nDivisor = nRight * kTenTo8 + nRightLow;
-  if (nRight <= kMostHigh && nDividend >> 63 < nDivisor) [[likely]] {
-    bFits = DigitsOfQuotient(packed::Divide128By64(nDividend, nDivisor).nQuotient, digits);
-  } else if (const UInt128 nWide = UInt128{nRight} * kTenTo8 + nRightLow; nWide != 0) {
-    bFits = DigitsOfQuotient(nDividend / nWide, digits);
+  if (nRight > kMostHigh || nDividend >> 63 >= nDivisor) [[unlikely]]
+    return StoreLargeQuotient(a, b, other);
+  Words digits;
+  if (!DigitsOfQuotient(packed::Divide128By64(nDividend, nDivisor).nQuotient, digits))
+      [[unlikely]] {
+    return DivideByDigits(other);
   }
-  if (!bFits) [[unlikely]]
+  return StoreGood(Signed(digits, packed::SignOfProduct(a, b)));
+}
+
+// The divisor or the quotient does not fit a word, or the divisor is zero.
+[[gnu::noinline]] CDecimal& CDecimal::StoreLargeQuotient(Words a, Words b, const CDecimal& other) {
+  const auto [nLeft, nRight] = BinaryOf(a.nHigh, b.nHigh);
+  const auto [nLeftLow, nRightLow] = packed::BinaryOfLows(a, b);
+  const UInt128 nDividend = UInt128{nLeft} * kTenTo18 + nLeftLow * kTenTo10;
+  const UInt128 nDivisor = UInt128{nRight} * kTenTo8 + nRightLow;
+  Words digits;
+  if (nDivisor == 0 || !DigitsOfQuotient(nDividend / nDivisor, digits))
     return DivideByDigits(other);
   return StoreGood(Signed(digits, packed::SignOfProduct(a, b)));
 }
