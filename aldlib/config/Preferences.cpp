@@ -368,34 +368,37 @@ bool CALWMachineUserPreferences::GetValue(PreferenceGroup eGroup, Preference ePr
   return ReadOne(eGroup, ePreference, nDefault, nOutput);
 }
 
+namespace {
+
+template <class T>
+T ValueOr(PreferenceGroup eGroup, Preference ePreference, T defaultValue) {
+  T value = defaultValue;
+  CALWMachineUserPreferences::GetValue(eGroup, ePreference, defaultValue, value);
+  return value;
+}
+
+}  // namespace
+
 bool CALWMachineUserPreferences::GetBoolValue(PreferenceGroup eGroup, Preference ePreference,
                                               bool bDefault) {
-  bool bValue = bDefault;
-  GetValue(eGroup, ePreference, bDefault, bValue);
-  return bValue;
+  return ValueOr(eGroup, ePreference, bDefault);
 }
 
 std::int32_t CALWMachineUserPreferences::GetIntValue(PreferenceGroup eGroup, Preference ePreference,
                                                      std::int32_t nDefault) {
-  std::int32_t nValue = nDefault;
-  GetValue(eGroup, ePreference, nDefault, nValue);
-  return nValue;
+  return ValueOr(eGroup, ePreference, nDefault);
 }
 
 std::uint32_t CALWMachineUserPreferences::GetDWORDValue(PreferenceGroup eGroup,
                                                         Preference ePreference,
                                                         std::uint32_t nDefault) {
-  std::uint32_t nValue = nDefault;
-  GetValue(eGroup, ePreference, nDefault, nValue);
-  return nValue;
+  return ValueOr(eGroup, ePreference, nDefault);
 }
 
 std::int16_t CALWMachineUserPreferences::GetShortValue(PreferenceGroup eGroup,
                                                        Preference ePreference,
                                                        std::int16_t nDefault) {
-  std::int16_t nValue = nDefault;
-  GetValue(eGroup, ePreference, nDefault, nValue);
-  return nValue;
+  return ValueOr(eGroup, ePreference, nDefault);
 }
 
 }  // namespace ald
