@@ -18,6 +18,7 @@
 #include "aldlib/arith/OverflowRegistry.h"
 #include "aldlib/arith/PackedDigits.h"
 #include "aldlib/arith/Precision.h"
+#include "aldlib/collections/List.h"
 #include "aldlib/config/PreferenceNumbers.h"
 #include "aldlib/config/Preferences.h"
 #include "aldlib/config/Profile.h"
