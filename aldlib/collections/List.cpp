@@ -71,17 +71,30 @@ NODE_STRUCT* MakeNode(const char* szKey, const void* pItem, std::uint16_t nSize)
 
 using Step = NODE_STRUCT* NODE_STRUCT::*;
 
-// Makes current the first node from pNode on that has the key. The compare routine may be the
-// host's, so the current node stays where it was until one is found.
-int FindFrom(LIST_STRUCT* pList, NODE_STRUCT* pNode, Step step, const char* szKey,
-             ListCompare compare) {
+template <class Has>
+int FindFrom(LIST_STRUCT* pList, NODE_STRUCT* pNode, Step step, Has hasKey) {
   for (; pNode != pList->Head; pNode = pNode->*step) {
-    if (pNode->Key != nullptr && compare(pNode->Key, szKey) == 0) {
+    if (pNode->Key != nullptr && hasKey(pNode->Key)) {
       pList->Current = pNode;
       return 1;
     }
   }
   return 0;
+}
+
+// Makes current the first node from pNode on that has the key; until then the current node stays
+// where it was. For the supplied compare routine, which nearly every caller passes, the keys are
+// compared in place: a call for each node would cost more than the comparison.
+int FindFrom(LIST_STRUCT* pList, NODE_STRUCT* pNode, Step step, const char* szKey,
+             ListCompare compare) {
+  if (compare == &ListDefaultCompare && szKey != nullptr) {
+    return FindFrom(pList, pNode, step, [szKey](const char* szNodeKey) {
+      return *szNodeKey == *szKey && std::strcmp(szNodeKey, szKey) == 0;
+    });
+  }
+  return FindFrom(pList, pNode, step, [szKey, compare](const char* szNodeKey) {
+    return compare(szNodeKey, szKey) == 0;
+  });
 }
 
 int FindFromCurrent(LIST_STRUCT* pList, Step step, const char* szKey, ListCompare compare) {
