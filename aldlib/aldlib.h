@@ -40,6 +40,8 @@
 #include "aldlib/frame/MessageArgument.h"
 #include "aldlib/frame/MessageDoor.h"
 #include "aldlib/frame/WindowMemory.h"
+#include "aldlib/payroll/EmployeeName.h"
+#include "aldlib/payroll/NameParser.h"
 #include "aldlib/platform/Characters.h"
 #include "aldlib/platform/Clock.h"
 #include "aldlib/platform/Export.h"
