@@ -182,7 +182,7 @@ bool CNameParser::LastNameFirstParse(const CString& sText) {
 }
 
 void CNameParser::Add(const CString& sSuffix, bool bIgnore) {
-  WithoutThrowing([&] { m_suffixes.push_back({sSuffix, bIgnore}); });
+  m_suffixes.push_back({sSuffix, bIgnore});
 }
 
 bool CNameParser::Remove(const CString& sSuffix, bool bIgnore) {
@@ -198,12 +198,17 @@ void CNameParser::Clear(bool bIgnore) {
   std::erase_if(m_suffixes, [&](const SuffixEntry& entry) { return entry.bIgnore == bIgnore; });
 }
 
+void CNameParser::Set(const CStringArray& suffixes, bool bIgnore) {
+  Clear(bIgnore);
+  for (const CString& sSuffix : suffixes) Add(sSuffix, bIgnore);
+}
+
 void CNameParser::AddIgnoreSuffix(const CString& sSuffix) {
-  Add(sSuffix, true);
+  WithoutThrowing([&] { Add(sSuffix, true); });
 }
 
 void CNameParser::AddIncludeSuffix(const CString& sSuffix) {
-  Add(sSuffix, false);
+  WithoutThrowing([&] { Add(sSuffix, false); });
 }
 
 bool CNameParser::RemoveIgnoreSuffix(const CString& sSuffix) {
@@ -223,13 +228,11 @@ void CNameParser::ClearIncludeSuffixes() {
 }
 
 void CNameParser::SetIgnoreSuffixes(const CStringArray& suffixes) {
-  Clear(true);
-  for (const CString& sSuffix : suffixes) Add(sSuffix, true);
+  WithoutThrowing([&] { Set(suffixes, true); });
 }
 
 void CNameParser::SetIncludeSuffixes(const CStringArray& suffixes) {
-  Clear(false);
-  for (const CString& sSuffix : suffixes) Add(sSuffix, false);
+  WithoutThrowing([&] { Set(suffixes, false); });
 }
 
 const CNameParser& CStdNameParserFactory::GetNameParser() {
@@ -251,8 +254,8 @@ void CStdNameParserFactory::Initialize() {
   m_bInitialized = WithoutThrowing([&] {
     fill(m_ignoreSuffixes, kIgnored);
     fill(m_includeSuffixes, kIncluded);
-    m_parser.SetIgnoreSuffixes(m_ignoreSuffixes);
-    m_parser.SetIncludeSuffixes(m_includeSuffixes);
+    m_parser.Set(m_ignoreSuffixes, true);
+    m_parser.Set(m_includeSuffixes, false);
   });
 }
 

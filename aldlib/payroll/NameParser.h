@@ -84,6 +84,8 @@ class ALDLIB_EXPORT CNameParser {
   bool LastNameFirstParse(const CString& sText);
 
  private:
+  friend class CStdNameParserFactory;  // which has to know whether its lists went in whole
+
   struct SuffixEntry {
     CString sText;
     bool bIgnore = false;
@@ -91,6 +93,7 @@ class ALDLIB_EXPORT CNameParser {
 
   bool TakeSuffix(const CString& sToken);
   void Add(const CString& sSuffix, bool bIgnore);
+  void Set(const CStringArray& suffixes, bool bIgnore);
   bool Remove(const CString& sSuffix, bool bIgnore);
   void Clear(bool bIgnore);
 
@@ -117,7 +120,7 @@ class ALDLIB_EXPORT CStdNameParserFactory {
   CStdNameParserFactory() = default;
 
   // Copy it and parse with the copy. The first call makes the lists; without memory for them the
-  // parser has none, and the next call tries again.
+  // parser lacks some, and the next call tries again.
   const CNameParser& GetNameParser();
 
   // The two lists, empty until the first GetNameParser.
