@@ -15,15 +15,16 @@ constinit int g_nUntilFailure = 0;
 
 }  // namespace
 
-void* operator new(std::size_t nBytes) {
+// Not inlined, or the compiler sees a free of what came from a new.
+[[gnu::noinline]] void* operator new(std::size_t nBytes) {
   void* const pBytes = --g_nUntilFailure == 0 ? nullptr : std::malloc(nBytes);
   if (pBytes == nullptr) throw std::bad_alloc();
   return pBytes;
 }
-void operator delete(void* pBytes) noexcept {
+[[gnu::noinline]] void operator delete(void* pBytes) noexcept {
   std::free(pBytes);
 }
-void operator delete(void* pBytes, std::size_t) noexcept {
+[[gnu::noinline]] void operator delete(void* pBytes, std::size_t) noexcept {
   std::free(pBytes);
 }
 
