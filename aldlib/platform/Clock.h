@@ -25,6 +25,13 @@ class ALDLIB_EXPORT Clock {
   // Returns the local time of now. A system without a clock, or with a time past the year 65535,
   // answers with zeros.
   virtual LocalTime Now() = 0;
+
+  // Returns the milliseconds since some fixed moment, from a clock that is never set. The count
+  // starts again at 0 after 2 to the 32 of them.
+  virtual std::uint32_t Ticks() = 0;
+
+  // Waits. Nothing else happens on the thread meanwhile.
+  virtual void Sleep(std::uint32_t nMilliseconds) = 0;
 };
 
 }  // namespace ald

@@ -144,12 +144,20 @@ class FakeProduct : public Product {
   CString m_sProduct = "PRODUCT";
 };
 
-// A clock that stands still at the moment the test has set.
+// A clock whose date and time stand still at the moment the test has set. A sleep takes no time: it
+// is noted, and the ticks go on by it.
 class FakeClock : public Clock {
  public:
   LocalTime Now() override { return m_now; }
+  std::uint32_t Ticks() override { return m_nTicks; }
+  void Sleep(std::uint32_t nMilliseconds) override {
+    m_sleeps.push_back(nMilliseconds);
+    m_nTicks += nMilliseconds;
+  }
 
   LocalTime m_now{2003, 7, 4, 9, 5, 7, 89};
+  std::uint32_t m_nTicks = 0;
+  std::vector<std::uint32_t> m_sleeps;
 };
 
 // While it lives the library stands on its ports, loaded anew; afterwards on the system's own,
