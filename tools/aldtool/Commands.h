@@ -13,6 +13,7 @@ inline constexpr int kUnusable = 2;  // nothing could be done; nothing was print
 int RunAmount(const std::string& sTyped);
 int RunCalc(const std::string& sExpression);
 int RunChecks(const std::string& sPath);
+int RunName(const std::string& sTyped);
 int RunWhere();
 int RunWords(const std::string& sTyped);
 
