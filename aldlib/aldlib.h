@@ -65,6 +65,7 @@
 #include "aldlib/platform/Types.h"
 #include "aldlib/platform/WindowTypes.h"
 #include "aldlib/platform/Windows.h"
+#include "aldlib/platform/headless/HeadlessDesktop.h"
 #include "aldlib/text/Base64.h"
 #include "aldlib/text/Constants.h"
 #include "aldlib/text/DynamicHeapFixedString.h"
