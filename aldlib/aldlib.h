@@ -68,6 +68,7 @@
 #include "aldlib/platform/Types.h"
 #include "aldlib/platform/WindowTypes.h"
 #include "aldlib/platform/Windows.h"
+#include "aldlib/platform/headless/HeadlessDesktop.h"
 #include "aldlib/screens/Accelerators.h"
 #include "aldlib/screens/Colours.h"
 #include "aldlib/screens/ControlClasses.h"
