@@ -49,6 +49,7 @@
 #include "aldlib/platform/Desktop.h"
 #include "aldlib/platform/Export.h"
 #include "aldlib/platform/Framework.h"
+#include "aldlib/platform/FrameworkDialog.h"
 #include "aldlib/platform/Help.h"
 #include "aldlib/platform/IniText.h"
 #include "aldlib/platform/Locale.h"
