@@ -239,15 +239,15 @@ void FileDate(std::int32_t nCount, DatesType& date) noexcept {
   constexpr std::uint32_t kYearFactor = (std::uint64_t{1} << 32) / kDaysInFourYears + 1;
   constexpr std::uint32_t kMonthFactor = 2141;
   constexpr std::uint32_t kMonthStart = 3 * 65536 + 1305;
-  constexpr std::uint32_t kYearUp = (1U << 16) - (12U << 8);  // from month 13 to January
+  constexpr std::uint32_t kFirstKey = 1900U << 16 | 1;
+  constexpr std::uint32_t kNextYear = (1U << 16) - (12U << 8);  // from month 13 to January
   const std::uint32_t nQuarters = 4 * (static_cast<std::uint32_t>(nCount) - 1 + kDaysFromMarch) + 3;
   const std::uint64_t nYearPlace = std::uint64_t{kYearFactor} * nQuarters;
   const std::uint32_t nDay = static_cast<std::uint32_t>(nYearPlace) / (4 * kYearFactor);
   const std::uint32_t nMonthPlace = kMonthFactor * nDay + kMonthStart;
-  const auto nYear = static_cast<std::uint32_t>(1900 + (nYearPlace >> 32));
-  std::uint32_t nKey =
-      nYear << 16 | (nMonthPlace >> 16 << 8) | ((nMonthPlace & 0xFFFF) / kMonthFactor + 1);
-  nKey += nDay >= kDaysFromMarch ? kYearUp : 0;
+  const std::uint32_t nKey = static_cast<std::uint32_t>(nYearPlace >> 32 << 16) +
+                             (nMonthPlace >> 16 << 8) + (nMonthPlace & 0xFFFF) / kMonthFactor +
+                             (nDay < kDaysFromMarch ? kFirstKey : kFirstKey + kNextYear);
   date = DateOfKey(nKey);
   // The last two bits of the year, which are 0 in a leap year, with the month and the day.
   constexpr std::uint32_t kLastOfLeapYear = 12U << 8 | 31;
