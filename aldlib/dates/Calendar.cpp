@@ -4,35 +4,22 @@
 #include <array>
 
 #include "aldlib/dates/internal/Calendar.h"
+#include "aldlib/dates/internal/MonthTable.h"
 #include "aldlib/platform/Platform.h"
 #include "aldlib/text/ResourceStrings.h"
 
 namespace ald {
 namespace {
 
-constexpr int kFebruary = 2;
 constexpr int kDecember = 12;
 constexpr std::uint32_t kFirstDayName = 20220;
 
 // From 1901 to 2099 every fourth year is a leap year: no century breaks the cycle.
-constexpr unsigned kYears = kLatestDate.year - kEarliestDate.year + 1;
 
 constexpr std::uint32_t kDaysInFourYears = 4 * 365 + 1;
 
 constexpr std::array<std::uint8_t, 13> kCommonMonthLength = {0,  31, 28, 31, 30, 31, 30,
                                                              31, 31, 30, 31, 30, 31};
-constinit std::array<std::uint8_t, 13> g_anMonthLength = kCommonMonthLength;
-// A month in one of four years, of which the one divisible by four is a leap year.
-struct MonthInYear {
-  std::uint16_t nDaysBefore;
-  std::uint8_t nLength;    // 0: no such month
-  std::uint8_t nFebruary;  // the length of that year's
-};
-
-// By bits 8 to 17 of a date's key: its month and the last two bits of its year. Whatever the month
-// says is then within the table, and of its 4 KiB legal dates read no more than four lines.
-using MonthTable = std::array<MonthInYear, 1024>;
-
 constexpr MonthTable MakeMonthTable() {
   MonthTable table{};
   for (std::size_t nYear = 0; nYear < 4; ++nYear) {
@@ -49,41 +36,12 @@ constexpr MonthTable MakeMonthTable() {
   return table;
 }
 
-constexpr MonthTable kMonths = MakeMonthTable();
-
 constinit DatesType g_earliest{};
 constinit DatesType g_latest{};
 
 std::uint8_t MonthLength(int nMonth) noexcept {
   return nMonth >= 0 && nMonth <= kDecember ? g_anMonthLength[static_cast<std::size_t>(nMonth)]
                                             : std::uint8_t{0};
-}
-
-// The date that DateKey gives this number for. Stored as one number too, so that a caller who reads
-// it right back does not wait for three stores to come together.
-DatesType DateOfKey(std::uint32_t nKey) noexcept {
-  return {static_cast<std::uint8_t>(nKey), static_cast<std::uint8_t>(nKey >> 8),
-          static_cast<std::uint16_t>(nKey >> 16)};
-}
-
-unsigned YearsSinceFirst(DatesType date) noexcept {
-  return unsigned{date.year} - kEarliestDate.year;
-}
-
-const MonthInYear& MonthOf(DatesType date) noexcept {
-  return kMonths[static_cast<std::uint32_t>(DateKey(date)) >> 8 & 0x3FF];
-}
-
-// Whether the date is legal. Sets February if each field by itself is in its range.
-inline bool IsLegal(DatesType date) noexcept {
-  if (YearsSinceFirst(date) >= kYears) return false;
-  const MonthInYear& month = MonthOf(date);
-  if (date.day - 1U < month.nLength) [[likely]] {
-    g_anMonthLength[kFebruary] = month.nFebruary;
-    return true;
-  }
-  if (month.nLength != 0 && date.day - 1U < 31) g_anMonthLength[kFebruary] = month.nFebruary;
-  return false;
 }
 
 // FileDate of any count from 1 on. Past the last legal day every four years go on to have 1461
@@ -167,6 +125,9 @@ bool CanMoveByDays(DatesType date) noexcept {
 }
 
 }  // namespace
+
+constinit std::array<std::uint8_t, 13> g_anMonthLength = kCommonMonthLength;
+constinit const MonthTable kMonths = MakeMonthTable();
 
 void SetDateBounds() noexcept {
   g_earliest = kEarliestDate;

@@ -1,8 +1,12 @@
 #include "aldlib/dates/DateText.h"
 
+#include <bit>
+#include <cstring>
+
 #include "aldlib/dates/internal/Calendar.h"
 #include "aldlib/dates/internal/DateCustom.h"
 #include "aldlib/dates/internal/FieldText.h"
+#include "aldlib/dates/internal/MonthTable.h"
 #include "aldlib/platform/Platform.h"
 
 namespace ald {
@@ -14,7 +18,7 @@ constinit DateOrderType g_eOrder = DateOrderMDY;
 constinit CFixedString<2> g_sSeparator = kFirstSeparator;
 
 bool IsWritable(DatesType date) {
-  return IsLegalDate(date) != 0 && g_eOrder >= DateOrderMDY && g_eOrder <= DateOrderYMD;
+  return IsLegal(date) && g_eOrder >= DateOrderMDY && g_eOrder <= DateOrderYMD;
 }
 
 template <std::size_t N>
@@ -44,26 +48,60 @@ FieldText<N> WithName(DatesType date, std::size_t nNameLength) {
   return text;
 }
 
-// Day and month in at least nWidth digits, the year in two.
-FieldText<12> InNumbers(DatesType date, int nWidth, std::string_view sSeparator) {
-  FieldText<12> text;
-  if (!IsWritable(date)) return text;
-  const int nYear = date.year % 100;
-  switch (g_eOrder) {
-    case DateOrderMDY:
-      text.Number(date.month, nWidth).Text(sSeparator).Number(date.day, nWidth);
-      text.Text(sSeparator).Number(nYear, 2);
-      break;
-    case DateOrderDMY:
-      text.Number(date.day, nWidth).Text(sSeparator).Number(date.month, nWidth);
-      text.Text(sSeparator).Number(nYear, 2);
-      break;
-    case DateOrderYMD:
-      text.Number(nYear, 2).Text(sSeparator).Number(date.month, nWidth);
-      text.Text(sSeparator).Number(date.day, nWidth);
-      break;
+// A text of up to eight characters, put together in one word, the first in the lowest byte. Without
+// a branch, since a processor cannot guess which numbers have two digits.
+class WordText {
+ public:
+  // The character, or nothing if it is zero.
+  void Character(unsigned char ch) noexcept { Put(ch, ch != 0 ? 1 : 0); }
+  // A number below 100 in two digits, or, if bShort, without a leading zero.
+  void Number(unsigned nValue, bool bShort) noexcept {
+    const unsigned nTens = nValue / 10;
+    const std::uint64_t nDigits = ('0' + nTens) | ('0' + (nValue - 10 * nTens)) << 8;
+    const unsigned nDropped = static_cast<unsigned>(bShort) & static_cast<unsigned>(nTens == 0);
+    Put(nDigits >> 8 * nDropped, 2 - nDropped);
   }
-  return text;
+  // As sstrcpy.
+  void Store(char* szTarget, std::int32_t nSize) const noexcept {
+    char aBytes[9]{};
+    std::uint64_t nBytes = m_nText;
+    if constexpr (std::endian::native == std::endian::big) nBytes = __builtin_bswap64(nBytes);
+    std::memcpy(aBytes, &nBytes, sizeof nBytes);
+    constexpr std::int32_t kWhole = sizeof aBytes;
+    if (nSize < kWhole || szTarget == nullptr) {
+      sstrcpy(szTarget, aBytes, nSize);
+      return;
+    }
+    std::memcpy(szTarget, aBytes, kWhole);
+    if (nSize > kWhole) std::memset(szTarget + kWhole, 0, static_cast<std::size_t>(nSize - kWhole));
+  }
+
+ private:
+  void Put(std::uint64_t nCharacters, unsigned nLength) noexcept {
+    m_nText |= nCharacters << m_nBits;
+    m_nBits += 8 * nLength;
+  }
+
+  std::uint64_t m_nText = 0;
+  unsigned m_nBits = 0;
+};
+
+// Day and month without leading zeros if bShort, the year in two digits: eight characters at most.
+inline void StoreNumbers(DatesType date, bool bShort, bool bSeparators,
+                         const CFixedStringParamRef& ref) {
+  WordText text;
+  if (IsWritable(date)) {
+    const unsigned nYear = date.year % 100U;
+    const bool bYearFirst = g_eOrder == DateOrderYMD;
+    const bool bDayFirst = g_eOrder == DateOrderDMY;
+    const auto chSeparator = static_cast<unsigned char>(bSeparators ? g_sSeparator[0] : '\0');
+    text.Number(bYearFirst ? nYear : bDayFirst ? date.day : date.month, bShort && !bYearFirst);
+    text.Character(chSeparator);
+    text.Number(bDayFirst || bYearFirst ? date.month : date.day, bShort);
+    text.Character(chSeparator);
+    text.Number(bYearFirst ? date.day : nYear, bShort && bYearFirst);
+  }
+  text.Store(ref.buffer, ref.size);
 }
 
 int WidthOf(enDateFormattingType eForm) {
@@ -106,16 +144,16 @@ void DateToMedStr(DatesType date, CFixedStringParamRef ref) {
 }
 
 void DateToShortStr(DatesType date, CFixedStringParamRef ref) {
-  Store(InNumbers(date, 1, g_sSeparator.view()), ref);
+  StoreNumbers(date, true, true, ref);
 }
 
 void DateToShortStr2(DatesType date, CFixedStringParamRef ref, int nSeparators) {
-  Store(InNumbers(date, 2, nSeparators != 0 ? g_sSeparator.view() : std::string_view()), ref);
+  StoreNumbers(date, false, nSeparators != 0, ref);
 }
 
 void DateToMonthYearStr(DatesType date, CFixedStringParamRef ref) {
   FieldText<6> text;
-  if (IsLegalDate(date) != 0) text.Number(date.month, 2).Text("/").Number(date.year % 100, 2);
+  if (IsLegal(date)) text.Number(date.month, 2).Text("/").Number(date.year % 100, 2);
   Store(text, ref);
 }
 
@@ -136,7 +174,7 @@ void DateToShortStrYr4(DatesType date, CFixedStringParamRef ref, enDateFormattin
 
 void DateToIsoStr(DatesType date, CFixedStringParamRef ref) {
   FieldText<11> text;
-  if (IsLegalDate(date) != 0) {
+  if (IsLegal(date)) {
     text.Number(date.year, 4).Text("-").Number(date.month, 2).Text("-").Number(date.day, 2);
   }
   Store(text, ref);
