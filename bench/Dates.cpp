@@ -25,14 +25,16 @@ using std::chrono::year_month_day;
 constexpr std::size_t kDates = 20'000;
 const sys_days g_dayZero = sys_days(year(1901) / 1 / 1) - days(1);
 
+using ShortText = CFixedString<9>;
+
 struct Dates {
   std::vector<DatesType> dates;
   std::vector<std::int32_t> counts;
   std::vector<year_month_day> calendar;
   std::vector<sys_days> standardDays;
   std::vector<std::tm> broken;
-  std::vector<std::string> texts;       // "7/4/03"
-  std::vector<std::string> fixedTexts;  // "07/04/03"
+  std::vector<ShortText> texts;       // "7/4/03"
+  std::vector<ShortText> fixedTexts;  // "07/04/03"
 };
 
 // Any days from one count to another.
@@ -148,7 +150,7 @@ void AddTexts(CHarness& harness, const Dates& dates) {
       harness, "ShortStrToDate", "aldlib",
       [&dates](std::size_t i) {
         DatesType date;
-        ShortStrToDate(dates.texts[i].c_str(), date, DatesType{});
+        ShortStrToDate(dates.texts[i], date, DatesType{});
         return date;
       },
       [&dates](std::size_t i, DatesType date) { return date == dates.dates[i]; });
@@ -156,7 +158,7 @@ void AddTexts(CHarness& harness, const Dates& dates) {
       harness, "ShortStrToDate", "strptime",
       [&dates](std::size_t i) {
         std::tm fields{};
-        strptime(dates.texts[i].c_str(), "%m/%d/%y", &fields);
+        strptime(dates.texts[i], "%m/%d/%y", &fields);
         return fields;
       },
       [&dates](std::size_t i, const std::tm& fields) {
@@ -165,31 +167,31 @@ void AddTexts(CHarness& harness, const Dates& dates) {
                fields.tm_year == wanted.tm_year;
       });
 
-  using Text = CFixedString<9>;
   const auto addWriter = [&](const char* szOperation, const char* szPeer, auto write,
-                             const std::vector<std::string>& wanted) {
+                             const std::vector<ShortText>& wanted) {
     AddCase(
         harness, szOperation, szPeer,
         [write](std::size_t i) {
-          Text text;
+          ShortText text;
           write(text, i);
           return text;
         },
-        [&wanted](std::size_t i, const Text& text) { return text.view() == wanted[i]; });
+        [&wanted](std::size_t i, const ShortText& text) { return text == wanted[i]; });
   };
   const auto withStrftime = [&dates](const char* szFormat) {
     // Called through a pointer, or the compiler would warn of the two digits of the year.
-    return [&dates, szFormat, pfnWrite = &std::strftime](Text& text, std::size_t i) {
+    return [&dates, szFormat, pfnWrite = &std::strftime](ShortText& text, std::size_t i) {
       pfnWrite(text, 9, szFormat, &dates.broken[i]);
     };
   };
   addWriter(
       "DateToShortStr", "aldlib",
-      [&dates](Text& text, std::size_t i) { DateToShortStr(dates.dates[i], text); }, dates.texts);
+      [&dates](ShortText& text, std::size_t i) { DateToShortStr(dates.dates[i], text); },
+      dates.texts);
   addWriter("DateToShortStr", "strftime", withStrftime("%-m/%-d/%y"), dates.texts);
   addWriter(
       "DateToShortStr2", "aldlib",
-      [&dates](Text& text, std::size_t i) { DateToShortStr2(dates.dates[i], text, 1); },
+      [&dates](ShortText& text, std::size_t i) { DateToShortStr2(dates.dates[i], text, 1); },
       dates.fixedTexts);
   addWriter("DateToShortStr2", "strftime", withStrftime("%m/%d/%y"), dates.fixedTexts);
 }

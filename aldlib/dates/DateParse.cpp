@@ -2,6 +2,7 @@
 
 #include "aldlib/dates/DateText.h"
 #include "aldlib/dates/internal/Calendar.h"
+#include "aldlib/dates/internal/DateCustom.h"
 #include "aldlib/dates/internal/MonthTable.h"
 #include "aldlib/platform/Characters.h"
 #include "aldlib/text/Strings.h"
@@ -60,16 +61,17 @@ struct Numbers {
   std::uint16_t nThird;
 };
 
-// Puts the numbers of a full date in their places. False if they are none.
+// Puts the numbers of a full date in their places, the first two of which are no later than the
+// last year. False if they are none.
 [[gnu::always_inline]] inline bool PlaceNumbers(const Numbers& numbers, DatesType& date) noexcept {
   const auto [nFirst, nSecond, nThird] = numbers;
-  if (nFirst > kLatestYear || nSecond > kLatestYear || nThird > kLatestYear) return false;
+  if (nThird > kLatestYear) return false;
   const auto place = [&date](std::uint16_t nYear, std::uint16_t nMonth, std::uint16_t nDay) {
     date = DateOfKey(std::uint32_t{WithCentury(nYear)} << 16 | std::uint32_t{LowByte(nMonth)} << 8 |
                      LowByte(nDay));
     return true;
   };
-  switch (GetDateOrder()) {
+  switch (g_eDateOrder) {
     case DateOrderMDY:
       return place(nThird, nFirst, nSecond);
     case DateOrderDMY:
@@ -136,7 +138,7 @@ bool ReadFields(Typed& sText, bool bYearMissing, DatesType& date) noexcept {
   const std::uint16_t nSecond = NumberAt(sText, nIndex);
   if (nSecond > kLatestYear) return false;
 
-  const DateOrderType eOrder = GetDateOrder();
+  const DateOrderType eOrder = g_eDateOrder;
   if (eOrder < DateOrderMDY || eOrder > DateOrderYMD) return false;
   if (bYearMissing) {
     // The century of the fill is lost on purpose: two digits are read as two typed ones are.
@@ -264,7 +266,7 @@ void MedStrToDate(const char* szText, DatesType& date) noexcept {
   Typed sText(szText);
   UpperCase(sText);
   Trim(sText);
-  const DateOrderType eOrder = GetDateOrder();
+  const DateOrderType eOrder = g_eDateOrder;
   if (eOrder < DateOrderMDY || eOrder > DateOrderYMD) {
     date = {};
     return;

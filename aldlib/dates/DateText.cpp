@@ -1,7 +1,9 @@
 #include "aldlib/dates/DateText.h"
 
+#include <array>
 #include <bit>
 #include <cstring>
+#include <utility>
 
 #include "aldlib/dates/internal/Calendar.h"
 #include "aldlib/dates/internal/DateCustom.h"
@@ -14,11 +16,10 @@ namespace {
 
 constexpr char kFirstSeparator[] = "-";
 
-constinit DateOrderType g_eOrder = DateOrderMDY;
 constinit CFixedString<2> g_sSeparator = kFirstSeparator;
 
-bool IsWritable(DatesType date) {
-  return IsLegal(date) && g_eOrder >= DateOrderMDY && g_eOrder <= DateOrderYMD;
+inline bool IsWritable(DatesType date) {
+  return IsLegal(date) && g_eDateOrder >= DateOrderMDY && g_eDateOrder <= DateOrderYMD;
 }
 
 template <std::size_t N>
@@ -34,7 +35,7 @@ FieldText<N> WithName(DatesType date, std::size_t nNameLength) {
   CFixedString<static_cast<int>(N)> sName;
   GetMonthName(date.month, sName);
   const std::string_view sMonth = sName.view().substr(0, nNameLength);
-  switch (g_eOrder) {
+  switch (g_eDateOrder) {
     case DateOrderMDY:
       text.Text(sMonth).Text(" ").Number(date.day).Text(", ").Number(date.year);
       break;
@@ -48,60 +49,71 @@ FieldText<N> WithName(DatesType date, std::size_t nNameLength) {
   return text;
 }
 
-// A text of up to eight characters, put together in one word, the first in the lowest byte. Without
-// a branch, since a processor cannot guess which numbers have two digits.
-class WordText {
- public:
-  // The character, or nothing if it is zero.
-  void Character(unsigned char ch) noexcept { Put(ch, ch != 0 ? 1 : 0); }
-  // A number below 100 in two digits, or, if bShort, without a leading zero.
-  void Number(unsigned nValue, bool bShort) noexcept {
-    const unsigned nTens = nValue / 10;
-    const std::uint64_t nDigits = ('0' + nTens) | ('0' + (nValue - 10 * nTens)) << 8;
-    const unsigned nDropped = static_cast<unsigned>(bShort) & static_cast<unsigned>(nTens == 0);
-    Put(nDigits >> 8 * nDropped, 2 - nDropped);
+// A number from 0 to 99 as its digits, the first in the lowest byte, and above them how many bits
+// they take. In two digits, then without a leading zero.
+constexpr std::uint32_t NumberWord(std::uint32_t nValue, bool bShort) {
+  const std::uint32_t nTens = nValue / 10;
+  const std::uint32_t nOnes = nValue % 10 + '0';
+  return bShort && nTens == 0 ? nOnes | 8U << 16 : (nTens + '0') | nOnes << 8 | 16U << 16;
+}
+constexpr auto kNumberWords = [] {
+  std::array<std::array<std::uint32_t, 100>, 2> words{};
+  for (std::uint32_t n = 0; n < 100; ++n) {
+    words[0][n] = NumberWord(n, false);
+    words[1][n] = NumberWord(n, true);
   }
-  // As sstrcpy.
-  void Store(char* szTarget, std::int32_t nSize) const noexcept {
-    char aBytes[9]{};
-    std::uint64_t nBytes = m_nText;
-    if constexpr (std::endian::native == std::endian::big) nBytes = __builtin_bswap64(nBytes);
-    std::memcpy(aBytes, &nBytes, sizeof nBytes);
-    constexpr std::int32_t kWhole = sizeof aBytes;
-    if (nSize < kWhole || szTarget == nullptr) {
-      sstrcpy(szTarget, aBytes, nSize);
-      return;
-    }
-    std::memcpy(szTarget, aBytes, kWhole);
-    if (nSize > kWhole) std::memset(szTarget + kWhole, 0, static_cast<std::size_t>(nSize - kWhole));
-  }
+  return words;
+}();
 
- private:
-  void Put(std::uint64_t nCharacters, unsigned nLength) noexcept {
-    m_nText |= nCharacters << m_nBits;
-    m_nBits += 8 * nLength;
+// As sstrcpy of a text of up to eight characters, the first in the lowest byte.
+void StoreWord(std::uint64_t nText, char* szTarget, std::int32_t nSize) noexcept {
+  if constexpr (std::endian::native == std::endian::big) nText = __builtin_bswap64(nText);
+  constexpr std::int32_t kCharacters = sizeof nText;
+  if (nSize <= kCharacters || szTarget == nullptr) {
+    char szText[kCharacters + 1]{};
+    std::memcpy(szText, &nText, sizeof nText);
+    sstrcpy(szTarget, szText, nSize);
+    return;
   }
-
-  std::uint64_t m_nText = 0;
-  unsigned m_nBits = 0;
-};
+  std::memcpy(szTarget, &nText, sizeof nText);
+  szTarget[kCharacters] = '\0';
+  szTarget += kCharacters + 1;
+  nSize -= kCharacters + 1;
+  if (nSize > 0) std::memset(szTarget, 0, static_cast<std::size_t>(nSize));
+}
 
 // Day and month without leading zeros if bShort, the year in two digits: eight characters at most.
-inline void StoreNumbers(DatesType date, bool bShort, bool bSeparators,
-                         const CFixedStringParamRef& ref) {
-  WordText text;
+// They are put together in one word, so that no branch depends on which numbers have two digits: a
+// processor could not guess it.
+[[gnu::always_inline]] inline void StoreNumbers(DatesType date, bool bShort, bool bSeparators,
+                                                const CFixedStringParamRef& ref) {
+  std::uint64_t nText = 0;
   if (IsWritable(date)) {
-    const unsigned nYear = date.year % 100U;
-    const bool bYearFirst = g_eOrder == DateOrderYMD;
-    const bool bDayFirst = g_eOrder == DateOrderDMY;
-    const auto chSeparator = static_cast<unsigned char>(bSeparators ? g_sSeparator[0] : '\0');
-    text.Number(bYearFirst ? nYear : bDayFirst ? date.day : date.month, bShort && !bYearFirst);
-    text.Character(chSeparator);
-    text.Number(bDayFirst || bYearFirst ? date.month : date.day, bShort);
-    text.Character(chSeparator);
-    text.Number(bYearFirst ? date.day : nYear, bShort && bYearFirst);
+    const std::uint64_t nSeparator =
+        static_cast<unsigned char>(bSeparators ? g_sSeparator[0] : '\0');
+    const unsigned nSeparatorBits = nSeparator != 0 ? 8 : 0;
+    const auto& words = kNumberWords[bShort ? 1 : 0];
+    const std::uint32_t nYear = kNumberWords[0][date.year % 100U];
+    std::uint32_t nFirst = words[date.month];
+    std::uint32_t nSecond = words[date.day];
+    std::uint32_t nThird = nYear;
+    if (g_eDateOrder == DateOrderDMY) {
+      std::swap(nFirst, nSecond);
+    } else if (g_eDateOrder == DateOrderYMD) {
+      nThird = nSecond;
+      nSecond = nFirst;
+      nFirst = nYear;
+    }
+    unsigned nBits = nFirst >> 16;
+    nText = (nFirst & 0xFFFF) | nSeparator << nBits;
+    nBits += nSeparatorBits;
+    nText |= std::uint64_t{nSecond & 0xFFFF} << nBits;
+    nBits += nSecond >> 16;
+    nText |= nSeparator << nBits;
+    nBits += nSeparatorBits;
+    nText |= std::uint64_t{nThird & 0xFFFF} << nBits;
   }
-  text.Store(ref.buffer, ref.size);
+  StoreWord(nText, ref.buffer, ref.size);
 }
 
 int WidthOf(enDateFormattingType eForm) {
@@ -110,19 +122,21 @@ int WidthOf(enDateFormattingType eForm) {
 
 }  // namespace
 
+constinit DateOrderType g_eDateOrder = DateOrderMDY;
+
 void ForgetDateCustom() noexcept {
-  g_eOrder = DateOrderMDY;
+  g_eDateOrder = DateOrderMDY;
   g_sSeparator = kFirstSeparator;
 }
 
 DateOrderType SetDateOrder(DateOrderType eOrder) noexcept {
-  const DateOrderType eBefore = g_eOrder;
-  g_eOrder = eOrder;
+  const DateOrderType eBefore = g_eDateOrder;
+  g_eDateOrder = eOrder;
   return eBefore;
 }
 
 DateOrderType GetDateOrder() noexcept {
-  return g_eOrder;
+  return g_eDateOrder;
 }
 
 CFixedString<2> SetDateSeparator(const CFixedString<2>& sSeparator) noexcept {
