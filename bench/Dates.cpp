@@ -23,6 +23,7 @@ using std::chrono::year;
 using std::chrono::year_month_day;
 
 constexpr std::size_t kDates = 20'000;
+constexpr DatesType kFill{15, 6, 2003};
 const sys_days g_dayZero = sys_days(year(1901) / 1 / 1) - days(1);
 
 using ShortText = CFixedString<9>;
@@ -150,7 +151,7 @@ void AddTexts(CHarness& harness, const Dates& dates) {
       harness, "ShortStrToDate", "aldlib",
       [&dates](std::size_t i) {
         DatesType date;
-        ShortStrToDate(dates.texts[i], date, DatesType{});
+        ShortStrToDate(dates.texts[i], date, kFill);
         return date;
       },
       [&dates](std::size_t i, DatesType date) { return date == dates.dates[i]; });

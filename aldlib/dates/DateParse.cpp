@@ -50,15 +50,14 @@ std::uint8_t LowByte(std::uint16_t nValue) noexcept {
   return static_cast<std::uint8_t>(nValue);
 }
 
-std::uint16_t WithCentury(std::uint16_t nYear) noexcept {
-  if (nYear >= 1900) return nYear;
-  return static_cast<std::uint16_t>(nYear + 1900 + 100 * static_cast<int>(nYear < 50));
+constexpr std::uint32_t WithCentury(std::uint32_t nYear) noexcept {
+  return nYear >= 1900 ? nYear : nYear + (nYear < 50 ? 2000 : 1900);
 }
 
 struct Numbers {
-  std::uint16_t nFirst;
-  std::uint16_t nSecond;
-  std::uint16_t nThird;
+  unsigned nFirst;
+  unsigned nSecond;
+  unsigned nThird;
 };
 
 // Puts the numbers of a full date in their places, the first two of which are no later than the
@@ -66,9 +65,8 @@ struct Numbers {
 [[gnu::always_inline]] inline bool PlaceNumbers(const Numbers& numbers, DatesType& date) noexcept {
   const auto [nFirst, nSecond, nThird] = numbers;
   if (nThird > kLatestYear) return false;
-  const auto place = [&date](std::uint16_t nYear, std::uint16_t nMonth, std::uint16_t nDay) {
-    date = DateOfKey(std::uint32_t{WithCentury(nYear)} << 16 | std::uint32_t{LowByte(nMonth)} << 8 |
-                     LowByte(nDay));
+  const auto place = [&date](unsigned nYear, unsigned nMonth, unsigned nDay) {
+    date = DateOfKey(WithCentury(nYear) << 16 | (nMonth & 0xFF) << 8 | (nDay & 0xFF));
     return true;
   };
   switch (g_eDateOrder) {
@@ -86,22 +84,22 @@ unsigned DigitAt(const char* szText) noexcept {
   return static_cast<unsigned char>(*szText) - unsigned{'0'};
 }
 
-// Steps over a number of one or two digits and the separator behind it. False if something else
-// stands there. Whether there is a second digit is no branch: a processor could not guess it.
-[[gnu::always_inline]] inline bool TakeShortNumber(const char*& szText,
-                                                   std::uint16_t& nValue) noexcept {
+// Steps over a number of one or two digits and a separator that sorts before the digits, as blank,
+// comma, minus, point and slash do. False if something else stands there. Whether there is a second
+// digit is no branch: a processor could not guess it.
+[[gnu::always_inline]] inline bool TakeShortNumber(const char*& szText, unsigned& nValue) noexcept {
   const unsigned nFirst = DigitAt(szText);
   if (nFirst > 9) return false;
-  const unsigned nSecond = DigitAt(szText + 1);
-  const unsigned nMore = nSecond <= 9 ? 1 : 0;
-  nValue = static_cast<std::uint16_t>(nFirst + ((9 * nFirst + nSecond) & (0 - nMore)));
-  szText += 1 + nMore;
-  const unsigned char chBehind = static_cast<unsigned char>(*szText++);
-  return chBehind != 0 && chBehind < 0x80 && chBehind - unsigned{'0'} > 9;
+  const std::ptrdiff_t nSecond = static_cast<unsigned char>(szText[1]) - std::ptrdiff_t{'0'};
+  if (nSecond > 9) return false;
+  const std::ptrdiff_t nMissing = nSecond >> (sizeof nSecond * 8 - 1);  // -1 for a separator, or 0
+  nValue = nFirst + static_cast<unsigned>((std::ptrdiff_t{9 * nFirst} + nSecond) & ~nMissing);
+  szText += 3 + nMissing;
+  return static_cast<unsigned char>(szText[-1]) - 1U < '0' - 1U;
 }
 
 // Takes the short way for what is typed most: two numbers of one or two digits and a year of two or
-// four, with one ASCII character between them and nothing around. "7/4/03", "12-31-1999". False
+// four, with one separator between them and nothing around. "7/4/03", "12-31-1999". False
 // means only that this is another text.
 [[gnu::always_inline]] inline bool ReadPlainDate(const char* szText, Numbers& numbers) noexcept {
   if (szText == nullptr || !TakeShortNumber(szText, numbers.nFirst) ||
@@ -120,7 +118,7 @@ unsigned DigitAt(const char* szText) noexcept {
   unsigned nYear = 0;
   if (!takeTwoDigits(nYear)) return false;
   if (*szText != '\0' && (!takeTwoDigits(nYear) || *szText != '\0')) return false;
-  numbers.nThird = static_cast<std::uint16_t>(nYear);
+  numbers.nThird = nYear;
   return true;
 }
 
@@ -145,7 +143,7 @@ bool ReadFields(Typed& sText, bool bYearMissing, DatesType& date) noexcept {
     const auto nYear = static_cast<std::uint16_t>(date.year % 100);
     const bool bDayFirst = eOrder == DateOrderDMY;
     date = {LowByte(bDayFirst ? nFirst : nSecond), LowByte(bDayFirst ? nSecond : nFirst),
-            WithCentury(nYear)};
+            static_cast<std::uint16_t>(WithCentury(nYear))};
     return true;
   }
 
