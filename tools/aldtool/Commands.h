@@ -12,7 +12,14 @@ inline constexpr int kUnusable = 2;  // nothing could be done; nothing was print
 
 int RunAmount(const std::string& sTyped);
 int RunCalc(const std::string& sExpression);
-int RunChecks(const std::string& sPath);
+// The start is that of the fiscal years, empty for January 1 of the first cheque's year.
+int RunChecks(const std::string& sPath, const std::string& sStart);
+// Empty: today for sFill, the region's order for sOrder, January 1 for the start of fiscal years.
+int RunDate(const std::string& sTyped, const std::string& sFill, const std::string& sOrder,
+            const std::string& sStart);
+// A count from 2 to kMostPeriods.
+inline constexpr int kMostPeriods = 1000;
+int RunPeriods(int nCount, const std::string& sStart);
 int RunWhere();
 int RunWords(const std::string& sTyped);
 
