@@ -103,7 +103,7 @@ TEST(Checks, NamesEveryBadLineAndItsStatusAndCountsTheGoodOnes) {
         "none (DEC_BAD_FORMAT)\n"}) {
     EXPECT_THAT(outcome.sOutput, HasSubstr(szLine));
   }
-  EXPECT_THAT(outcome.sOutput, HasSubstr("Total of 3 cheques: -647.55\n20 lines were not good"));
+  EXPECT_THAT(outcome.sOutput, HasSubstr("Total of 3 cheques: -647.55\n28 lines were not good"));
 }
 
 TEST(Checks, RefusesWhatIsNoListOfChequesWithoutPrintingPartOfIt) {
@@ -113,8 +113,9 @@ TEST(Checks, RefusesWhatIsNoListOfChequesWithoutPrintingPartOfIt) {
   } rows[] = {
       {"", "is empty"},
       {"# nothing\n\n", "holds no cheque"},
-      {"A;1;1\n" + std::string(1 << 20, 'x') + ";1;1\n", "line 2 is longer than 1000 characters"},
-      {std::string("A;1;1\n\0\x01\x02", 9), "line 2 holds a control character"},
+      {"3/1/24;A;1;1\n" + std::string(1 << 20, 'x') + ";1;1\n",
+       "line 2 is longer than 1000 characters"},
+      {std::string("3/1/24;A;1;1\n\0\x01\x02", 16), "line 2 holds a control character"},
   };
   for (const auto& row : rows) {
     const Outcome outcome = RunChecksOn(row.sContents);
@@ -143,7 +144,7 @@ TEST(Checks, WritesTheChequeBelowEachAmount) {
       {"99999999999999.99", "Void  ", "$???????????????"},
   };
   for (const auto& row : rows) {
-    const Outcome outcome = RunChecksOn(std::string("A;") + row.szAmount + ";1\n");
+    const Outcome outcome = RunChecksOn(std::string("3/1/24;A;") + row.szAmount + ";1\n");
     const std::string sWords = (row.szWords + sDots).substr(0, 80);
     EXPECT_THAT(outcome.sOutput, HasSubstr("\n       " + sWords + "  ")) << row.szAmount;
     const std::size_t nField = outcome.sOutput.find('$');
@@ -183,7 +184,7 @@ TEST(Words, WritesTheLineOfACheque) {
 }
 
 TEST(Checks, ReadsLinesThatEndInTheOldWay) {
-  const Outcome outcome = RunChecksOn("A; 1.50; 1\r\nB; 2.25; 2");
+  const Outcome outcome = RunChecksOn("3/1/24; A; 1.50; 1\r\n2; B; 2.25; 2");
   EXPECT_EQ(outcome.nStatus, 0);
   EXPECT_THAT(outcome.sOutput, EndsWith("Total of 2 cheques: 3.75\n"));
 }

@@ -14,6 +14,14 @@ int RunAmount(const std::string& sTyped);
 int RunCalc(const std::string& sExpression);
 int RunChecks(const std::string& sPath);
 int RunName(const std::string& sTyped);
+// The start is that of the fiscal years, empty for January 1 of the first cheque's year.
+int RunChecks(const std::string& sPath, const std::string& sStart);
+// Empty: today for sFill, the region's order for sOrder, January 1 for the start of fiscal years.
+int RunDate(const std::string& sTyped, const std::string& sFill, const std::string& sOrder,
+            const std::string& sStart);
+// A count from 2 to kMostPeriods.
+inline constexpr int kMostPeriods = 1000;
+int RunPeriods(int nCount, const std::string& sStart);
 int RunWhere();
 int RunWords(const std::string& sTyped);
 

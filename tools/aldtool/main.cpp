@@ -64,16 +64,21 @@ void AddPrefs(CLI::App& app, PrefsArguments& given, int& nStatus) {
 // aldtool shows the library at work on real input.
 int main(int nArguments, char** pszArguments) {
   CLI::App app("Exact amounts, names and stored settings at the command line.", "aldtool");
+  CLI::App app("Exact amounts, dates and stored settings at the command line.", "aldtool");
   app.require_subcommand(1);
 
   std::string sPath;
+  std::string sStart;
   CLI::App* pChecks = app.add_subcommand(
       "checks",
-      "Read a list of cheques: print each amount, its share and the running total, and\n"
-      "below them the cheque: the amount in words and its field.\n"
-      "A line holds payee; amount; split count. '#' starts a comment line.\n"
+      "Read a list of cheques: print each one's date, fiscal period, amount, share and the\n"
+      "running total, and below them the cheque: the amount in words and its field.\n"
+      "A line holds date; payee; amount; split count. '#' starts a comment line.\n"
+      "What a date lacks comes from the line before.\n"
       "Ends with 0 if every line was good, 1 if some were not, 2 if the file is of no use.");
   pChecks->add_option("FILE", sPath, "The list, such as examples/checks/march.txt")->required();
+  const char* const szStartHelp = "First day of the fiscal year; without it January 1";
+  pChecks->add_option("--start", sStart, szStartHelp);
 
   std::string sExpression;
   CLI::App* pCalc = app.add_subcommand(
@@ -93,6 +98,23 @@ int main(int nArguments, char** pszArguments) {
   CLI::App* pName = app.add_subcommand(
       "name", "Show how a typed personal name is split, and how it is written from its parts.");
   pName->add_option("TEXT", sTyped, "Such as 'Dr. John Q. Smith, Jr.'")->required();
+  std::string sDate;
+  std::string sFill;
+  std::string sOrder;
+  CLI::App* pDate = app.add_subcommand(
+      "date", "Show how a typed date is read, every way in which it is written, and its period.");
+  pDate->add_option("TEXT", sDate, "Such as 7/4/03, 0704 or 20")->required();
+  pDate->add_option("--fill", sFill, "The date to take what is missing from; without it today");
+  pDate->add_option("--order", sOrder, "Order of the fields; without it the region's")
+      ->check(CLI::IsMember({"mdy", "dmy", "ymd"}));
+  pDate->add_option("--start", sStart, szStartHelp);
+  int nPeriods = 0;
+  CLI::App* pPeriods =
+      app.add_subcommand("periods", "Print the accounting periods of two fiscal years.");
+  pPeriods->add_option("COUNT", nPeriods, "Periods of both years, such as 24 for months")
+      ->required()
+      ->check(CLI::Range(2, aldtool::kMostPeriods));
+  pPeriods->add_option("START", sStart, "The first day, such as 4/1/2003")->required();
 
   int nStatus = aldtool::kGood;
   app.add_subcommand("where", "Print where the settings lie.")->callback([&] {
@@ -118,6 +140,8 @@ int main(int nArguments, char** pszArguments) {
   if (pAmount->parsed()) return aldtool::RunAmount(sTyped);
   if (pName->parsed()) return aldtool::RunName(sTyped);
   if (pWords->parsed()) return aldtool::RunWords(sTyped);
-  if (pChecks->parsed()) return aldtool::RunChecks(sPath);
+  if (pChecks->parsed()) return aldtool::RunChecks(sPath, sStart);
+  if (pDate->parsed()) return aldtool::RunDate(sDate, sFill, sOrder, sStart);
+  if (pPeriods->parsed()) return aldtool::RunPeriods(nPeriods, sStart);
   return pCalc->parsed() ? aldtool::RunCalc(sExpression) : nStatus;
 }
