@@ -76,3 +76,4 @@
 #include "aldlib/text/ReportWords.h"
 #include "aldlib/text/ResourceStrings.h"
 #include "aldlib/text/Strings.h"
+#include "aldlib/text/WildcardSearch.h"
