@@ -3,6 +3,8 @@
 // defeat this (many a's in search of many a's and a b) would cost the product of both lengths, so
 // the comparing is counted, and when it outgrows the way covered, the rest is searched with the
 // table of Knuth, Morris and Pratt, which never looks at a character twice.
+//
+// As long as the first character is seldom, the C library's search for it alone is faster still.
 
 #include <algorithm>
 #include <bit>
@@ -26,6 +28,10 @@ constexpr std::size_t kBlock = 4 * kChunk;
 // Comparing that is free, and comparing that each place passed by pays for.
 constexpr std::size_t kFreeCompares = 4096;
 constexpr std::size_t kComparesPerPlace = 8;
+
+// A character is seldom if no more than so many of it come in so many places.
+constexpr std::size_t kFewHits = 8;
+constexpr std::size_t kPlacesPerHit = 256;
 
 // One character to look for. Setting the bit that tells a letter's cases apart makes both cases one
 // value, and no other character that value. A character without cases is looked for as it is.
@@ -69,6 +75,11 @@ class Scanner {
   std::size_t Forward(std::size_t nStart) {
     const std::size_t nEnd = m_sText.size() - m_sSought.size() + 1;  // of the places
     std::size_t nPlace = nStart;
+    if (!m_bBlind) {
+      nPlace = SkipToFirst(nPlace, nEnd);
+      if (nPlace == nEnd) return kNowhere;
+      if (MatchesAt(nPlace)) return nPlace;
+    }
     for (; nEnd - nPlace >= kBlock; nPlace += kBlock) {
       if (!AnyCandidate(nPlace)) continue;
       for (std::size_t nChunk = nPlace; nChunk < nPlace + kBlock; nChunk += kChunk) {
@@ -144,6 +155,20 @@ class Scanner {
     return kNowhere;
   }
 
+  // Returns the first match, or a place before it where the first character has turned out to be
+  // frequent; nEnd if neither comes.
+  std::size_t SkipToFirst(std::size_t nStart, std::size_t nEnd) {
+    std::size_t nPlace = nStart;
+    for (std::size_t nHits = 0; nPlace < nEnd; ++nPlace, ++nHits) {
+      const void* const pHit =
+          std::memchr(m_sText.data() + nPlace, m_sSought.front(), nEnd - nPlace);
+      if (pHit == nullptr) return nEnd;
+      nPlace = static_cast<std::size_t>(static_cast<const char*>(pHit) - m_sText.data());
+      if (nHits > kFewHits + (nPlace - nStart) / kPlacesPerHit || MatchesAt(nPlace)) return nPlace;
+    }
+    return nEnd;
+  }
+
   // The first or last match at a place in [nBegin, nEnd). Backwards both texts are read from their
   // ends.
   template <bool kForward>
@@ -200,6 +225,10 @@ std::size_t ScanForward(std::string_view sText, std::string_view sSought, std::s
                         bool bBlind) noexcept {
   if (sSought.empty() || nStart > sText.size() || sText.size() - nStart < sSought.size()) {
     return kNowhere;
+  }
+  if (sSought.size() == 1 && !bBlind) {
+    const std::size_t nFound = sText.find(sSought.front(), nStart);
+    return nFound != std::string_view::npos ? nFound : kNowhere;
   }
   return Scanner(sText, sSought, bBlind).Forward(nStart);
 }

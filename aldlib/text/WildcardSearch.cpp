@@ -60,6 +60,16 @@ class WildcardSearch::Occurrences {
     return known.nFound;
   }
 
+  // As ScanBackward for a place up to nStart. No start lies behind that of the call before, and the
+  // character is the same: the one behind the wildcards that a query begins with.
+  std::size_t FindBack(std::string_view sText, char ch, std::size_t nStart, bool bBlind) noexcept {
+    if (!m_bBackUsed || nStart < m_nBackFound) {
+      m_bBackUsed = true;
+      m_nBackFound = internal::ScanBackward(sText.substr(0, nStart + 1), {&ch, 1}, bBlind);
+    }
+    return m_nBackFound;
+  }
+
  private:
   struct Known {
     bool bUsed = false;
@@ -68,6 +78,8 @@ class WildcardSearch::Occurrences {
     std::size_t nFound = 0;
   };
   std::array<Known, 8> m_known;
+  bool m_bBackUsed = false;
+  std::size_t m_nBackFound = 0;
 };
 
 void WildcardSearch::setText(std::string_view sText) noexcept {
@@ -242,8 +254,17 @@ bool WildcardSearch::inner_search(SearchResultInfo& info, std::size_t position) 
   if (!behavior.useWildcards && !behavior.numericCommas) return searchPlainText(info, position);
   if (behavior.numericCommas && isQueryOfCommas()) return false;
 
+  // Where the query begins with a character that stands for itself, the attempts at all places
+  // without that character would fail at their first step.
+  const char chFirst = queryText.front();
+  const bool bSkips =
+      !behavior.numericCommas && chFirst != multiWildcard && chFirst != singleWildcard;
   Occurrences seen;
   for (std::size_t p = position;; p = calcNextSearchPosition(p)) {
+    if (bSkips) {
+      p = find(chFirst, p);
+      if (p == kNowhere) return false;
+    }
     if (!behavior.forward && behavior.numericCommas && p != 0) adjustTextForNumericCommas(p, false);
     Attempt attempt{.p = p, .start = p, .t = p, .limit = getLengthToSearch()};
     const bool bGoOn = runAttempt(attempt, seen);
@@ -315,8 +336,9 @@ WildcardSearch::Block WildcardSearch::passWildcardBlock(Attempt& attempt,
   }
 
   const bool bForward = behavior.forward || matchStarted;
-  const std::size_t f = bForward ? seen.Find(getText(), queryText[q], t, !behavior.caseSensitive)
-                                 : find(queryText[q], t);
+  const std::size_t f = bForward
+                            ? seen.Find(getText(), queryText[q], t, !behavior.caseSensitive)
+                            : seen.FindBack(getText(), queryText[q], t, !behavior.caseSensitive);
   if (f == kNowhere) {
     stop = true;
     if (matchStarted) return Block::kGoOn;

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "aldlib/text/WildcardSearch.h"
+
 // The commands of aldtool, one file each. They write to standard output, complain on standard
 // error, and return the exit status of the program.
 namespace aldtool {
@@ -13,6 +15,10 @@ inline constexpr int kUnusable = 2;  // nothing could be done; nothing was print
 int RunAmount(const std::string& sTyped);
 int RunCalc(const std::string& sExpression);
 int RunChecks(const std::string& sPath);
+// Prints the lines of a file in which the pattern is found, backward the last line first. Returns
+// kBadLines if there is none.
+int RunFind(const std::string& sPattern, const std::string& sPath,
+            const ald::SearchBehavior& behavior);
 int RunWhere();
 int RunWords(const std::string& sTyped);
 
