@@ -4,10 +4,12 @@
 #include "aldlib/platform/Export.h"
 #include "aldlib/platform/Locale.h"
 #include "aldlib/platform/Machine.h"
+#include "aldlib/platform/Processes.h"
 #include "aldlib/platform/Product.h"
 #include "aldlib/platform/Profile.h"
 #include "aldlib/platform/Registry.h"
 #include "aldlib/platform/Resources.h"
+#include "aldlib/platform/Windows.h"
 
 namespace ald {
 
@@ -21,6 +23,8 @@ struct Platform {
   Registry& registry;
   Product& product;
   Clock& clock;
+  Processes& processes;
+  Windows* pWindows = nullptr;  // null where there is no desktop
 };
 
 // Returns the platform in use: the installed one, or else the system's own. Answers at any time,

@@ -115,6 +115,14 @@ int main(int nArguments, char** pszArguments) {
   app.add_subcommand("where", "Print where the settings lie.")->callback([&] {
     nStatus = aldtool::RunWhere();
   });
+  std::string sName;
+  CLI::App* const pPs = app.add_subcommand(
+      "ps",
+      "List the processes and how many libraries each has loaded, or, with a name, who has loaded\n"
+      "the program or library of that file name. Others' processes may not be looked at.\n"
+      "Ends with 1 if the name is not loaded.");
+  pPs->add_option("NAME", sName, "A file name in any case, such as bash or libc.so.6");
+  pPs->callback([&] { nStatus = aldtool::RunPs(sName); });
   PrefsArguments given;
   AddPrefs(app, given, nStatus);
   std::string sPattern;

@@ -7,6 +7,7 @@
 #include "aldlib/platform/posix/PosixLocale.h"
 #include "aldlib/platform/posix/PosixMachine.h"
 #include "aldlib/platform/posix/PosixProduct.h"
+#include "aldlib/platform/posix/ProcProcesses.h"
 #include "aldlib/platform/posix/SettingsFolders.h"
 #include "aldlib/platform/posix/SqliteRegistry.h"
 
@@ -25,7 +26,8 @@ struct Ports {
 #endif
   PosixProduct product;
   PosixClock clock;
-  Platform platform{resources, machine, locale, profile, registry, product, clock};
+  ProcProcesses processes;
+  Platform platform{resources, machine, locale, profile, registry, product, clock, processes};
 };
 
 Ports& SystemPorts() {
