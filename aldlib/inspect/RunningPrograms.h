@@ -23,8 +23,8 @@ inline constexpr char kHourtallyTag[] = "HOURTALL";
 // What is compared depends on the system's family. With snapshots it is the name of the process's
 // program, which must have the tag somewhere in it. With lists of modules it is their full paths,
 // and a module counts whose path does *not begin* with the tag: as full paths begin with a drive,
-// every process whose modules can be read matches at its first one. Callers have long been built
-// around that answer, and ask only about tasks of which they know otherwise what they are.
+// every process whose modules can be read matches at its first one. Callers rely on that answer;
+// one that wants to know whether a program runs asks CProcessWalker::Find.
 ALDLIB_EXPORT int CheckForPervasive(std::uint32_t nTask, CString& sProgram) noexcept;
 ALDLIB_EXPORT int CheckForLedgEzy(std::uint32_t nTask, CString& sProgram) noexcept;
 ALDLIB_EXPORT int CheckForHourtally(std::uint32_t nTask) noexcept;

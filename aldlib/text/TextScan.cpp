@@ -123,6 +123,7 @@ class Scanner {
 
   Hits CandidatesAt(std::size_t nPlace) const {
     const char* const pFirst = m_sText.data() + nPlace;
+    if (m_sSought.size() == 1) return m_first.In(pFirst);
     return m_first.In(pFirst) & m_last.In(pFirst + m_sSought.size() - 1);
   }
   bool AnyCandidate(std::size_t nPlace) const {

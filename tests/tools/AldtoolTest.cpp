@@ -196,4 +196,14 @@ TEST(Find, ComesToAnEndBackwardWithWildcards) {
   EXPECT_THAT(outcome.sOutput, HasSubstr("at 1-12"));
 }
 
+TEST(Ps, ListsItselfAndWhoHasLoadedALibrary) {
+  const Outcome all = RunAldtool("ps");
+  EXPECT_EQ(all.nStatus, 0);
+  EXPECT_THAT(all.sOutput, HasSubstr("\\aldtool\n"));
+  const Outcome library = RunAldtool("ps LIBALDLIB.so.1.0.0");
+  EXPECT_EQ(library.nStatus, 0);
+  EXPECT_THAT(library.sOutput, HasSubstr("\\libaldlib.so.1.0.0\n"));
+  EXPECT_EQ(RunAldtool("ps no-such-library").nStatus, 1);
+}
+
 }  // namespace
