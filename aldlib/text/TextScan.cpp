@@ -88,9 +88,8 @@ class Scanner {
       }
       if (IsTooDear(nPlace - nStart)) return ByTable<true>(nPlace + kBlock, nEnd);
     }
-    for (; nPlace < nEnd; ++nPlace) {
+    for (; nPlace < nEnd; ++nPlace) {  // few enough to compare whatever it costs
       if (MatchesAt(nPlace)) return nPlace;
-      if (IsTooDear(nPlace - nStart)) return ByTable<true>(nPlace + 1, nEnd);
     }
     return kNowhere;
   }
@@ -110,7 +109,6 @@ class Scanner {
     }
     while (nPlace > 0) {
       if (MatchesAt(--nPlace)) return nPlace;
-      if (IsTooDear(nEnd - nPlace)) return ByTable<false>(0, nPlace);
     }
     return kNowhere;
   }

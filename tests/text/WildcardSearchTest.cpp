@@ -334,26 +334,31 @@ TEST_F(WildcardSearchModel, AgreesOnTextsOfManyBlocks) {
   }
 }
 
-// Each place of the text matches nearly to the end of the query: the comparing outgrows its budget.
-TEST_F(WildcardSearchModel, AgreesWhereEveryPlaceNearlyMatches) {
-  const std::string sRun(30'000, 'a');
-  const std::string sQuery = std::string(300, 'a') + "ba" + std::string(300, 'a');
-  const std::string texts[] = {
-      sRun,
-      sRun + sQuery + sRun,
-      sRun + "b" + sRun,
-      sRun + std::string(299, 'c') + "ba" + sRun,
-  };
-  for (const std::string& sText : texts) {
-    for (unsigned nBits : {0u, 1u, 8u, 9u}) {
-      m_finder.setSearchBehavior(BehaviorOf(nBits));
-      m_finder.setText(sText);
-      m_finder.setQueryText(sQuery);
-      SearchResultInfo info;
-      const bool bFound = m_finder.search(info);
-      EXPECT_EQ(bFound, sText.find(sQuery) != std::string::npos) << nBits;
-      if (bFound) {
-        EXPECT_EQ(info.startPosition, sText.find(sQuery)) << nBits;
+// Each place of the run matches a good part of the query, so that the comparing outgrows its budget
+// somewhere in it; the match, or what only begins like it, comes at every distance from there.
+TEST_F(WildcardSearchModel, AgreesWhereManyPlacesNearlyMatch) {
+  const auto run = [](std::size_t nLength) { return std::string(nLength, 'a'); };
+  for (std::size_t nRun = 0; nRun < 300; ++nRun) {
+    const std::string sBegin = run(100) + 'b' + Random(30, "aaab");
+    const std::string sQuery = sBegin + run(120) + "ba";
+    const std::string sNear = sBegin + run(121);  // and a match may begin in its last hundred
+    const std::string texts[] = {
+        run(nRun) + sQuery + run(nRun),
+        run(nRun) + sNear + sQuery.substr(100) + run(nRun),
+        run(nRun) + sNear + Random(9, "ab") + sNear + run(nRun),
+    };
+    for (const std::string& sText : texts) {
+      for (unsigned nBits : {0u, 1u, 8u, 9u}) {
+        const SearchBehavior behavior = BehaviorOf(nBits);
+        m_finder.setSearchBehavior(behavior);
+        m_finder.setText(sText);
+        m_finder.setQueryText(sQuery);
+        const std::size_t nExpected = behavior.forward ? sText.find(sQuery) : sText.rfind(sQuery);
+        SearchResultInfo info;
+        ASSERT_EQ(m_finder.search(info), nExpected != std::string::npos) << nRun << ' ' << nBits;
+        if (nExpected != std::string::npos) {
+          ASSERT_EQ(info.startPosition, nExpected) << nRun << ' ' << nBits;
+        }
       }
     }
   }
