@@ -8,6 +8,8 @@
 #include "aldlib/frame/LibraryState.h"
 #include "aldlib/frame/LibraryStrings.h"
 #include "aldlib/frame/WindowMemory.h"
+#include "aldlib/screens/Menus.h"
+#include "aldlib/screens/internal/ForgetScreens.h"
 
 namespace ald {
 namespace {
@@ -40,6 +42,11 @@ void Unload(ModuleHandle hModule) {
   DeleteWindowAtoms();
   ReleaseInstanceTable();
   EndWindowMemory();
+  ForgetAccelerators();
+  ForgetWindows();
+  ForgetHelpLevels();
+  ForgetColours();
+  DelMenuIDOwnerTable();
   CloseOpenSearches();
   ForgetSettings();
 }

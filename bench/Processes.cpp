@@ -158,7 +158,7 @@ void AddMadeUp(CHarness& harness, const char* szSet, std::uint32_t nModules) {
   const auto pProcesses = std::make_shared<MadeUpProcesses>(nModules);
   const std::shared_ptr<Platform> pPlatform(new Platform{own.resources, own.machine, own.locale,
                                                          own.profile, own.registry, own.product,
-                                                         own.clock, *pProcesses});
+                                                         own.clock, *pProcesses, own.desktop});
   const auto pWalker = std::make_shared<CProcessWalker>();
   const std::size_t nSize = pProcesses->Size();
   const auto pass = [pProcesses, pPlatform, pWalker] {

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "aldlib/platform/Characters.h"
+#include "aldlib/platform/Desktop.h"
 #include "aldlib/platform/Platform.h"
 #include "aldlib/platform/Processes.h"
-#include "aldlib/platform/Windows.h"
 
 namespace ald {
 namespace {
@@ -18,8 +18,8 @@ namespace {
 // The checks' own, as the walker has its own.
 ToolHelpFunctions g_toolHelp;
 
-Windows* DesktopWindows() {
-  return CurrentPlatform().pWindows;
+Windows& DesktopWindows() {
+  return CurrentPlatform().desktop.windows;
 }
 
 CString Capitals(std::string_view sText) {
@@ -57,11 +57,9 @@ bool IsInModules(std::uint32_t nProcess, std::string_view sTag, CString& sProgra
 
 int Check(std::uint32_t nTask, std::string_view sTag, CString& sProgram) noexcept try {
   sProgram.clear();
-  Windows* const pWindows = DesktopWindows();
-  if (pWindows == nullptr) return 0;
-  const std::vector<WindowHandle> windows = pWindows->OfThread(nTask);
+  const std::vector<WindowHandle> windows = DesktopWindows().OfThread(nTask);
   if (windows.empty()) return 0;
-  const std::uint32_t nProcess = pWindows->ProcessOf(windows.front());
+  const std::uint32_t nProcess = DesktopWindows().ProcessOf(windows.front());
   switch (CurrentPlatform().processes.PlatformId()) {
     case kPlatformSnapshots:
       return g_toolHelp.Load() && IsInSnapshot(nProcess, sTag, sProgram) ? 1 : 0;
@@ -95,9 +93,8 @@ CWindowFinder::~CWindowFinder() = default;
 
 CWnd* CWindowFinder::FindWindowUsingSubstring(const char* szText) noexcept try {
   ms_hFound = WindowHandle{};
-  Windows* const pWindows = DesktopWindows();
-  if (pWindows == nullptr || szText == nullptr) return nullptr;
-  for (const WindowHandle hWindow : pWindows->TopLevel()) {
+  if (szText == nullptr) return nullptr;
+  for (const WindowHandle hWindow : DesktopWindows().TopLevel()) {
     if (EnumWindowsCallback(hWindow, reinterpret_cast<std::intptr_t>(szText)) == 0) break;
   }
   return CWnd::FromHandle(ms_hFound);
@@ -106,7 +103,7 @@ CWnd* CWindowFinder::FindWindowUsingSubstring(const char* szText) noexcept try {
 }
 
 int CWindowFinder::EnumWindowsCallback(WindowHandle hWindow, std::intptr_t nText) {
-  const CString sTitle = DesktopWindows()->Text(hWindow);
+  const CString sTitle = DesktopWindows().Text(hWindow);
   if (sTitle.find(reinterpret_cast<const char*>(nText)) == CString::npos) return 1;
   ms_hFound = hWindow;
   return 0;

@@ -7,7 +7,7 @@
 #include "aldlib/platform/Types.h"
 
 // Whether a task belongs to a known program, and a window by a part of its title. All of it looks
-// at the desktop's top-level windows, and finds nothing where the platform has no desktop.
+// at the top-level windows of the desktop, as far as that sees those of other programs.
 namespace ald {
 
 // The names in capitals that the programs' files are known by.

@@ -2,8 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "aldlib/inspect/ResourceMeter.h"
-#include "tests/inspect/FewWindows.h"
 #include "tests/support/FakePlatform.h"
 
 namespace ald {
@@ -12,17 +13,15 @@ namespace {
 class RunningProgramsTest : public testing::Test {
  protected:
   RunningProgramsTest() {
-    m_windows.m_windows = {{WindowHandle{11}, "Trial Balance - Alder & Sons", 501, 7},
-                           {WindowHandle{12}, "Balance", 501, 8},
-                           {WindowHandle{13}, "Engine", 502, 8}};
+    m_platform.m_desktop.AddForeignWindow(501, 7, "Frame", "Trial Balance");
+    m_platform.m_desktop.AddForeignWindow(501, 8, "Frame", "Balance");
+    m_platform.m_desktop.AddForeignWindow(502, 8, "Frame", "Engine");
     m_processes.m_modules = {{7, {"led\\led.exe", "C:\\lib\\C.SO"}},
                              {8, {"C:\\bin\\w3dbsmgr.exe"}}};
-    m_platform.SetWindows(&m_windows);
   }
 
   FakePlatform m_platform;
   FakeProcesses& m_processes = m_platform.m_processes;
-  FewWindows m_windows;
   CString m_sProgram = "before";
 };
 
@@ -55,23 +54,28 @@ TEST_F(RunningProgramsTest, AnswersNoWhenThereIsNothingToGoBy) {
   EXPECT_EQ(m_sProgram, "");
   m_processes.m_nPlatformId = 9;
   EXPECT_EQ(CheckForPervasive(502, m_sProgram), 0);
-  m_processes.m_nPlatformId = kPlatformLists;
-  m_platform.SetWindows(nullptr);
-  EXPECT_EQ(CheckForPervasive(502, m_sProgram), 0);
 }
 
-TEST_F(RunningProgramsTest, FindsTheFrontmostWindowWithTheTextInItsTitle) {
+TEST(CWindowFinder, FindsTheFrontmostWindowWithTheTextInItsTitle) {
+  FakePlatform platform;
+  Windows& windows = CurrentPlatform().desktop.windows;
+  const auto create = [&windows](const char* szTitle) {
+    return windows.Create({.sClass = "STATIC", .sText = szTitle});
+  };
+  const WindowHandle hEngine = create("Engine");
+  const WindowHandle hBalance = create("Balance");
+  const WindowHandle hTrial = create("Trial Balance - Alder & Sons");
+  ASSERT_EQ(windows.TopLevel(), (std::vector<WindowHandle>{hTrial, hBalance, hEngine}));
+
   const auto find = [](const char* szText) {
     const CWnd* const pWindow = CWindowFinder().FindWindowUsingSubstring(szText);
     return pWindow != nullptr ? pWindow->GetSafeHwnd() : WindowHandle{};
   };
-  EXPECT_EQ(find("Balance"), WindowHandle{11});
-  EXPECT_EQ(find("ngin"), WindowHandle{13});
+  EXPECT_EQ(find("Balance"), hTrial);
+  EXPECT_EQ(find("ngin"), hEngine);
   EXPECT_EQ(find("balance"), WindowHandle{});  // case counts
-  EXPECT_EQ(find(""), WindowHandle{11});
+  EXPECT_EQ(find(""), hTrial);
   EXPECT_EQ(find(nullptr), WindowHandle{});
-  m_platform.SetWindows(nullptr);
-  EXPECT_EQ(find("Balance"), WindowHandle{});
 }
 
 class ResourceMeterTest : public testing::Test {

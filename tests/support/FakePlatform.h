@@ -17,6 +17,7 @@
 #include "aldlib/platform/IniText.h"
 #include "aldlib/platform/MemoryRegistry.h"
 #include "aldlib/platform/TableResources.h"
+#include "aldlib/platform/headless/HeadlessDesktop.h"
 
 // Ports that a test can see into and turn, and a platform made of them.
 namespace ald {
@@ -252,13 +253,11 @@ class FakePlatform {
   FakeProduct m_product;
   FakeClock m_clock;
   FakeProcesses m_processes;
-
-  // The test's windows; none at first.
-  void SetWindows(Windows* pWindows) { m_platform.pWindows = pWindows; }
+  HeadlessDesktop m_desktop{m_clock};
 
  private:
-  Platform m_platform{m_resources, m_machine, m_locale, m_profile,
-                      m_registry,  m_product, m_clock,  m_processes};
+  Platform m_platform{m_resources, m_machine, m_locale,    m_profile,        m_registry,
+                      m_product,   m_clock,   m_processes, m_desktop.Ports()};
 };
 
 // A door that keeps the numbers it was to show, in order, and gives the answer it was told to.
@@ -269,13 +268,15 @@ class RecordingDoor : public MessageDoor {
   RecordingDoor& operator=(const RecordingDoor&) = delete;
   ~RecordingDoor() override { ConnectMessageDoor(m_pBefore); }
 
-  int Show(std::uint32_t nMessage) override {
-    m_shown.push_back(nMessage);
+  int Show(MessageArgument message) override {
+    m_shown.push_back(IsMessageText(message) ? 0U : MessageNumber(message));
+    m_texts.emplace_back(IsMessageText(message) ? MessageText(message) : "");
     return m_nAnswer;
   }
-  int Ask(MessageArgument message) override { return Show(MessageNumber(message)); }
+  int Ask(MessageArgument message) override { return Show(message); }
 
-  std::vector<std::uint32_t> m_shown;
+  std::vector<std::uint32_t> m_shown;  // 0 for a text
+  std::vector<CString> m_texts;        // "" for a number
   int m_nAnswer = kAnswerOk;
 
  private:

@@ -19,6 +19,7 @@ int RunChecks(const std::string& sPath);
 // kBadLines if there is none.
 int RunFind(const std::string& sPattern, const std::string& sPath,
             const ald::SearchBehavior& behavior);
+int RunName(const std::string& sTyped);
 // Prints all processes, or who has loaded a program or library of that file name. Returns kBadLines
 // if nobody has.
 int RunPs(const std::string& sName);

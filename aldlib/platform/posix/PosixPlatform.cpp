@@ -1,5 +1,6 @@
 #include "aldlib/platform/MemoryRegistry.h"
 #include "aldlib/platform/TableResources.h"
+#include "aldlib/platform/headless/HeadlessDesktop.h"
 #include "aldlib/platform/internal/NeverDestroyed.h"
 #include "aldlib/platform/internal/SystemPlatform.h"
 #include "aldlib/platform/posix/IniProfile.h"
@@ -27,7 +28,9 @@ struct Ports {
   PosixProduct product;
   PosixClock clock;
   ProcProcesses processes;
-  Platform platform{resources, machine, locale, profile, registry, product, clock, processes};
+  HeadlessDesktop desktop{clock};
+  Platform platform{resources, machine, locale,    profile,        registry,
+                    product,   clock,   processes, desktop.Ports()};
 };
 
 Ports& SystemPorts() {
