@@ -5,10 +5,12 @@
 #include "aldlib/platform/Export.h"
 #include "aldlib/platform/Locale.h"
 #include "aldlib/platform/Machine.h"
+#include "aldlib/platform/Processes.h"
 #include "aldlib/platform/Product.h"
 #include "aldlib/platform/Profile.h"
 #include "aldlib/platform/Registry.h"
 #include "aldlib/platform/Resources.h"
+#include "aldlib/platform/Windows.h"
 
 namespace ald {
 
@@ -22,6 +24,7 @@ struct Platform {
   Registry& registry;
   Product& product;
   Clock& clock;
+  Processes& processes;
   Desktop desktop;
 };
 

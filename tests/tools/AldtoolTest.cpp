@@ -189,4 +189,33 @@ TEST(Checks, ReadsLinesThatEndInTheOldWay) {
   EXPECT_THAT(outcome.sOutput, EndsWith("Total of 2 cheques: 3.75\n"));
 }
 
+TEST(Find, TellsLineAndColumnsInEitherDirection) {
+  const Outcome outcome = RunAldtool("find -c -b 1250 " EXAMPLES "/checks/march.txt");
+  EXPECT_EQ(outcome.nStatus, 0);
+  const std::size_t nLine17 = outcome.sOutput.find("   17  Harrowgate");
+  const std::size_t nLine6 = outcome.sOutput.find("    6  #");
+  EXPECT_LT(nLine17, nLine6);
+  EXPECT_NE(nLine6, std::string::npos);
+  EXPECT_THAT(outcome.sOutput, EndsWith("at 58-61, 48-52\n"));
+  EXPECT_EQ(RunAldtool("find Zz " EXAMPLES "/checks/march.txt").nStatus, 1);
+  EXPECT_EQ(RunAldtool("find Zz no-such-file").nStatus, 2);
+}
+
+// A wildcard leads a search backward to the same match for ever.
+TEST(Find, ComesToAnEndBackwardWithWildcards) {
+  const Outcome outcome = RunAldtool("find -w -b 'H*P' " EXAMPLES "/checks/march.txt");
+  EXPECT_EQ(outcome.nStatus, 0);
+  EXPECT_THAT(outcome.sOutput, HasSubstr("at 1-12"));
+}
+
+TEST(Ps, ListsItselfAndWhoHasLoadedALibrary) {
+  const Outcome all = RunAldtool("ps");
+  EXPECT_EQ(all.nStatus, 0);
+  EXPECT_THAT(all.sOutput, HasSubstr("\\aldtool\n"));
+  const Outcome library = RunAldtool("ps LIBALDLIB.so.1.0.0");
+  EXPECT_EQ(library.nStatus, 0);
+  EXPECT_THAT(library.sOutput, HasSubstr("\\libaldlib.so.1.0.0\n"));
+  EXPECT_EQ(RunAldtool("ps no-such-library").nStatus, 1);
+}
+
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "aldlib/text/WildcardSearch.h"
+
 // The commands of aldtool, one file each. They write to standard output, complain on standard
 // error, and return the exit status of the program.
 namespace aldtool {
@@ -13,6 +15,10 @@ inline constexpr int kUnusable = 2;  // nothing could be done; nothing was print
 int RunAmount(const std::string& sTyped);
 int RunCalc(const std::string& sExpression);
 int RunChecks(const std::string& sPath);
+// Prints the lines of a file in which the pattern is found, backward the last line first. Returns
+// kBadLines if there is none.
+int RunFind(const std::string& sPattern, const std::string& sPath,
+            const ald::SearchBehavior& behavior);
 int RunName(const std::string& sTyped);
 // The start is that of the fiscal years, empty for January 1 of the first cheque's year.
 int RunChecks(const std::string& sPath, const std::string& sStart);
@@ -22,6 +28,9 @@ int RunDate(const std::string& sTyped, const std::string& sFill, const std::stri
 // A count from 2 to kMostPeriods.
 inline constexpr int kMostPeriods = 1000;
 int RunPeriods(int nCount, const std::string& sStart);
+// Prints all processes, or who has loaded a program or library of that file name. Returns kBadLines
+// if nobody has.
+int RunPs(const std::string& sName);
 int RunWhere();
 int RunWords(const std::string& sTyped);
 

@@ -59,6 +59,27 @@ void AddPrefs(CLI::App& app, PrefsArguments& given, int& nStatus) {
       [&] { nStatus = aldtool::RunPrefsRemove(given.sGroup, given.sName, given.bMachine); });
 }
 
+void AddFind(CLI::App& app, std::string& sPattern, std::string& sPath,
+             ald::SearchBehavior& behavior, int& nStatus) {
+  CLI::App* const pFind = app.add_subcommand(
+      "find",
+      "Find a text in the lines of a file, as the application's find dialog does.\n"
+      "Ends with 0 if it was found, 1 if not, 2 if the file is of no use.");
+  pFind->add_option("PATTERN", sPattern, "What to find; put -- before one that begins with -")
+      ->required();
+  pFind->add_option("FILE", sPath, "A text file")->required();
+  pFind->add_flag_callback(
+      "-i,--ignore-case", [&] { behavior.caseSensitive = false; },
+      "Capitals and small letters are equal");
+  pFind->add_flag("-w,--wildcards", behavior.useWildcards,
+                  "'*' is any run of characters and '?' any one");
+  pFind->add_flag("--word", behavior.wholeWord, "Only what stands between blanks");
+  pFind->add_flag_callback(
+      "-b,--backward", [&] { behavior.forward = false; }, "From the end of the file on");
+  pFind->add_flag("-c,--commas", behavior.numericCommas, "Commas do not count: 1000 finds 1,000");
+  pFind->callback([&] { nStatus = aldtool::RunFind(sPattern, sPath, behavior); });
+}
+
 }  // namespace
 
 // aldtool shows the library at work on real input.
@@ -120,8 +141,19 @@ int main(int nArguments, char** pszArguments) {
   app.add_subcommand("where", "Print where the settings lie.")->callback([&] {
     nStatus = aldtool::RunWhere();
   });
+  std::string sName;
+  CLI::App* const pPs = app.add_subcommand(
+      "ps",
+      "List the processes and how many libraries each has loaded, or, with a name, who has loaded\n"
+      "the program or library of that file name. Others' processes may not be looked at.\n"
+      "Ends with 1 if the name is not loaded.");
+  pPs->add_option("NAME", sName, "A file name in any case, such as bash or libc.so.6");
+  pPs->callback([&] { nStatus = aldtool::RunPs(sName); });
   PrefsArguments given;
   AddPrefs(app, given, nStatus);
+  std::string sPattern;
+  ald::SearchBehavior behavior;
+  AddFind(app, sPattern, sPath, behavior, nStatus);
 
   // The parser would take a text that starts with a minus for an option.
   std::vector<std::string> arguments(pszArguments + 1, pszArguments + nArguments);

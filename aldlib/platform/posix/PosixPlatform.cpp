@@ -8,6 +8,7 @@
 #include "aldlib/platform/posix/PosixLocale.h"
 #include "aldlib/platform/posix/PosixMachine.h"
 #include "aldlib/platform/posix/PosixProduct.h"
+#include "aldlib/platform/posix/ProcProcesses.h"
 #include "aldlib/platform/posix/SettingsFolders.h"
 #include "aldlib/platform/posix/SqliteRegistry.h"
 
@@ -26,8 +27,10 @@ struct Ports {
 #endif
   PosixProduct product;
   PosixClock clock;
+  ProcProcesses processes;
   HeadlessDesktop desktop{clock};
-  Platform platform{resources, machine, locale, profile, registry, product, clock, desktop.Ports()};
+  Platform platform{resources, machine, locale,    profile,        registry,
+                    product,   clock,   processes, desktop.Ports()};
 };
 
 Ports& SystemPorts() {
