@@ -110,8 +110,8 @@ CDecimal& CDecimal::op_Multiply(const CDecimal& other) {
   const std::uint64_t nHundredth = nProduct / 100;
   const std::uint64_t nTop = nProduct / kTenTo10;
   const std::uint64_t nLastTwo = nProduct - nHundredth * 100;  // with six zeros behind them
-  packed::StoreFours(FoursOf(nTop) | FoursOf(nHundredth - nTop * kTenTo8) << 32, nLastTwo * 100,
-                     SignOfProduct(a, b), m_aBytes);
+  packed::StoreDigits(FoursOf(nTop), nHundredth - nTop * kTenTo8, nLastTwo * 1'000'000,
+                      SignOfProduct(a, b), m_aBytes);
   return MarkGood();
 }
 
@@ -131,7 +131,7 @@ CDecimal& CDecimal::op_Multiply(const CDecimal& other) {
     return MultiplyByDigits(other);
   const std::uint64_t nTop = nHigh / kTenTo8;
   // A tenth decimal comes last.
-  packed::StoreDigits(nTop, nHigh - nTop * kTenTo8, nRest / kTenTo10,
+  packed::StoreDigits(FoursOf(nTop), nHigh - nTop * kTenTo8, nRest / kTenTo10,
                       SignOfProduct(packed::Load(m_aBytes), packed::Load(other.m_aBytes)),
                       m_aBytes);
   return MarkGood();
@@ -151,8 +151,8 @@ CDecimal& CDecimal::op_Multiply(const CDecimal& other) {
   const auto nPart = static_cast<std::uint64_t>(nCross % kTenTo9);
   if (nWhole >= kTenTo14 || (nWhole | nPart) == 0) return MultiplyByDigits(other);
   const std::uint64_t nUpper = static_cast<std::uint64_t>(nWhole) * 100 + nPart / kTenTo7;
-  packed::StoreDigits(nUpper / kTenTo8, nUpper % kTenTo8, nPart % kTenTo7 * 10, SignOfProduct(a, b),
-                      m_aBytes);
+  packed::StoreDigits(FoursOf(nUpper / kTenTo8), nUpper % kTenTo8, nPart % kTenTo7 * 10,
+                      SignOfProduct(a, b), m_aBytes);
   return MarkGood();
 }
 
@@ -173,7 +173,7 @@ template <class TWide>
   // Of 64 bits there are no more than four digits at the top.
   const std::uint64_t nTopFours = sizeof(TWide) == 8 ? static_cast<std::uint64_t>(nTop) << 16
                                                      : FoursOf(static_cast<std::uint64_t>(nTop));
-  packed::StoreFours(nTopFours | FoursOf(nMiddle) << 32, FoursOf(nLow), nSign, bytes);
+  packed::StoreDigits(nTopFours, nMiddle, nLow, nSign, bytes);
   return true;
 }
 
@@ -198,16 +198,20 @@ CDecimal& CDecimal::op_Divide(const CDecimal& other) {
 [[gnu::noinline]] CDecimal& CDecimal::StoreQuotient(const CDecimal& other) {
   const auto [nLeft, nRight] = BinaryOfHighs(m_aBytes, other.m_aBytes);
   const auto [nLeftLow, nRightLow] = BinaryOfLows(m_aBytes, other.m_aBytes);
-  const UInt128 nDividend = UInt128{nLeft} * kTenTo18 + nLeftLow * kTenTo10;  // below 2^113
+  // The upper word by itself, so that no register is saved for the zeros of a wider addition.
+  const UInt128 nScaled = UInt128{nLeft} * kTenTo18;
+  const std::uint64_t nDividendLow = static_cast<std::uint64_t>(nScaled) + nLeftLow * kTenTo10;
+  const std::uint64_t nDividendHigh =
+      static_cast<std::uint64_t>(nScaled >> 64) + (nDividendLow < nLeftLow * kTenTo10 ? 1 : 0);
   const std::uint64_t nDivisor = nRight * kTenTo8 + nRightLow;
   // The quotient and the 5 that rounds it fit a word.
-  if (nRight > kMostHigh || nDividend >> 64 >= nDivisor >> 1) [[unlikely]]
+  if (nRight > kMostHigh || nDividendHigh >= nDivisor >> 1) [[unlikely]]
     return StoreLargeQuotient(other);
-  const std::uint64_t nSign = SignOfProduct(packed::Load(m_aBytes), packed::Load(other.m_aBytes));
-  if (!StoreDecimals(packed::Divide128By64(nDividend, nDivisor).nQuotient, nSign, m_aBytes))
-      [[unlikely]] {
+  const std::uint64_t nQuotient =
+      packed::Divide128By64(UInt128{nDividendHigh} << 64 | nDividendLow, nDivisor).nQuotient;
+  if (!StoreDecimals(nQuotient, packed::SignOfProduct(m_aBytes, other.m_aBytes), m_aBytes))
+      [[unlikely]]
     return DivideByDigits(other);
-  }
   return MarkGood();
 }
 

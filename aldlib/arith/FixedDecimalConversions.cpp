@@ -67,7 +67,8 @@ CDecimal& CDecimal::fromMathType(const MathType& value) {
   const auto [nHigh, nLow] = packed::Divide128By64(nMagnitude, kTenTo7);
   if (nHigh >= kTenTo16) return fromMathByDigits(value);
   const auto nSign = bNegative && nMagnitude != 0 ? packed::kNegative : packed::kPositive;
-  packed::StoreDigits(nHigh / kTenTo8, nHigh % kTenTo8, nLow * 10, nSign, m_aBytes);
+  packed::StoreDigits(packed::FoursOf(nHigh / kTenTo8), nHigh % kTenTo8, nLow * 10, nSign,
+                      m_aBytes);
   return MarkGood();
 }
 
@@ -166,7 +167,7 @@ TInteger CDecimal::toIntType(bool bRound) const {
 // At most 14 digits.
 void CDecimal::StoreWhole(std::uint64_t nMagnitude, bool bNegative) {
   const std::uint64_t nTop = nMagnitude / 1'000'000;
-  packed::StoreDigits(nTop, (nMagnitude - nTop * 1'000'000) * 100, 0,
+  packed::StoreDigits(packed::FoursOf(nTop), (nMagnitude - nTop * 1'000'000) * 100, 0,
                       bNegative ? packed::kNegative : packed::kPositive, m_aBytes);
 }
 

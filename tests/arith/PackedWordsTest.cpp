@@ -73,7 +73,7 @@ std::uint64_t WordOf(std::uint64_t nNumber) {
 Words StoredDigits(std::uint64_t nTop, std::uint64_t nMiddle, std::uint64_t nLow,
                    std::uint64_t nSign) {
   Bytes bytes{};
-  StoreDigits(nTop, nMiddle, nLow, nSign, bytes);
+  StoreDigits(FoursOf(nTop), nMiddle, nLow, nSign, bytes);
   return Load(bytes);
 }
 

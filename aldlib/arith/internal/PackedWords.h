@@ -93,6 +93,10 @@ inline constexpr std::uint64_t kPlusBit = 2;
   return kSignMask ^ ((a.nLow ^ b.nLow) & kPlusBit);
 }
 
+[[gnu::always_inline]] inline std::uint64_t SignOfProduct(const Bytes& a, const Bytes& b) {
+  return kSignMask ^ ((a[kBytes - 1] ^ b[kBytes - 1]) & kPlusBit);
+}
+
 // The sum of two words and a carry; returns the carry out of it.
 [[gnu::always_inline]] inline bool AddWithCarry(bool bCarry, std::uint64_t a, std::uint64_t b,
                                                 std::uint64_t& nSum) {
@@ -344,26 +348,34 @@ struct Pair {
   return (n << 16) - (n * 3518437209 >> 45) * ((10000 << 16) - 1);
 }
 
-// Stores six numbers of four digits, sixteen bits each, the highest in the lowest bits: four for
-// the upper sixteen digits and two for the others. The last digit makes place for the sign.
-[[gnu::always_inline]] inline void StoreFours(std::uint64_t nHigh, std::uint64_t nLow,
-                                              std::uint64_t nSign, Bytes& bytes) {
+// Stores the digits of three numbers below 10^8, one behind the other; of the top one FoursOf. The
+// last digit makes place for the sign.
+[[gnu::always_inline]] inline void StoreDigits(std::uint64_t nTopFours, std::uint64_t nMiddle,
+                                               std::uint64_t nLow, std::uint64_t nSign,
+                                               Bytes& bytes) {
 #if ALDLIB_PACKED_SSE2
   using internal::Opaque;
-  const __m128i fours = _mm_unpacklo_epi64(_mm_cvtsi64_si128(static_cast<long long>(nHigh)),
-                                           _mm_cvtsi64_si128(static_cast<long long>(nLow)));
+  const auto half = [](std::uint64_t n) { return _mm_cvtsi64_si128(static_cast<long long>(n)); };
+  // FoursOf of both, and the top beside the low one.
+  const __m128i numbers = _mm_unpacklo_epi64(half(nLow), half(nMiddle));
+  const __m128i upper = _mm_srli_epi64(_mm_mul_epu32(numbers, _mm_set1_epi64x(3518437209)), 45);
+  const __m128i both = _mm_sub_epi64(_mm_slli_epi64(numbers, 16),
+                                     _mm_mul_epu32(upper, _mm_set1_epi64x((10000 << 16) - 1)));
+  const __m128i fours =
+      _mm_shuffle_epi32(_mm_or_si128(both, half(nTopFours << 32)), _MM_SHUFFLE(3, 0, 2, 1));
   // Of 1000a + 100b + 10c + d: c and d become the upper byte, which memory has last, a and b the
-  // lower one.
+  // lower one. The very last digit weighs nothing.
   const __m128i tens = _mm_mulhi_epu16(fours, _mm_set1_epi16(6554));
   const __m128i hundreds = _mm_srli_epi16(_mm_mulhi_epu16(fours, _mm_set1_epi16(5243)), 3);
   const __m128i thousands = _mm_srli_epi16(_mm_mulhi_epu16(fours, _mm_set1_epi16(8389)), 7);
   const __m128i digits = _mm_add_epi16(
-      _mm_add_epi16(_mm_slli_epi16(fours, 8), _mm_mullo_epi16(tens, Opaque(_mm_set1_epi16(1536)))),
+      _mm_add_epi16(
+          _mm_mullo_epi16(fours, Opaque(_mm_setr_epi16(256, 256, 256, 256, 256, 0, 0, 0))),
+          _mm_mullo_epi16(tens, Opaque(_mm_setr_epi16(1536, 1536, 1536, 1536, 1536, 4096, 0, 0)))),
       _mm_add_epi16(_mm_mullo_epi16(hundreds, Opaque(_mm_set1_epi16(24577))),
                     _mm_mullo_epi16(thousands, Opaque(_mm_set1_epi16(6)))));
   _mm_storel_epi64(reinterpret_cast<__m128i*>(bytes.data()), digits);
-  const auto nLast =
-      static_cast<std::uint32_t>((internal::UpperHalf(digits) & 0xF0FFFFFF) | nSign << 24);
+  const auto nLast = static_cast<std::uint32_t>(internal::UpperHalf(digits) | nSign << 24);
   std::memcpy(bytes.data() + 8, &nLast, 4);
 #else
   const auto convert = [](std::uint64_t n) {  // two numbers of four digits
@@ -376,15 +388,10 @@ struct Pair {
     n = (n | n >> 8) & 0x0000FFFF0000FFFF;
     return (n | n >> 16) & 0xFFFFFFFF;
   };
-  Store({convert(nHigh) << 32 | convert(nHigh >> 32), (convert(nLow) & kLowDigits) | nSign}, bytes);
+  Store({convert(nTopFours) << 32 | convert(FoursOf(nMiddle)),
+         (convert(FoursOf(nLow)) & kLowDigits) | nSign},
+        bytes);
 #endif
-}
-
-// Stores the digits of three numbers below 10^8, one behind the other, without the last digit.
-[[gnu::always_inline]] inline void StoreDigits(std::uint64_t nTop, std::uint64_t nMiddle,
-                                               std::uint64_t nLow, std::uint64_t nSign,
-                                               Bytes& bytes) {
-  StoreFours(FoursOf(nTop) | FoursOf(nMiddle) << 32, FoursOf(nLow), nSign, bytes);
 }
 
 struct Division {
