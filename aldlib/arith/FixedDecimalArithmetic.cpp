@@ -132,8 +132,7 @@ CDecimal& CDecimal::op_Multiply(const CDecimal& other) {
   const std::uint64_t nTop = nHigh / kTenTo8;
   // A tenth decimal comes last.
   packed::StoreDigits(FoursOf(nTop), nHigh - nTop * kTenTo8, nRest / kTenTo10,
-                      SignOfProduct(packed::Load(m_aBytes), packed::Load(other.m_aBytes)),
-                      m_aBytes);
+                      SignOfProduct(m_aBytes, other.m_aBytes), m_aBytes);
   return MarkGood();
 }
 
@@ -198,7 +197,7 @@ CDecimal& CDecimal::op_Divide(const CDecimal& other) {
 [[gnu::noinline]] CDecimal& CDecimal::StoreQuotient(const CDecimal& other) {
   const auto [nLeft, nRight] = BinaryOfHighs(m_aBytes, other.m_aBytes);
   const auto [nLeftLow, nRightLow] = BinaryOfLows(m_aBytes, other.m_aBytes);
-  // The upper word by itself, so that no register is saved for the zeros of a wider addition.
+  // The sum of 128 bits by words: one term has no upper word.
   const UInt128 nScaled = UInt128{nLeft} * kTenTo18;
   const std::uint64_t nDividendLow = static_cast<std::uint64_t>(nScaled) + nLeftLow * kTenTo10;
   const std::uint64_t nDividendHigh =
@@ -209,8 +208,7 @@ CDecimal& CDecimal::op_Divide(const CDecimal& other) {
     return StoreLargeQuotient(other);
   const std::uint64_t nQuotient =
       packed::Divide128By64(UInt128{nDividendHigh} << 64 | nDividendLow, nDivisor).nQuotient;
-  if (!StoreDecimals(nQuotient, packed::SignOfProduct(m_aBytes, other.m_aBytes), m_aBytes))
-      [[unlikely]]
+  if (!StoreDecimals(nQuotient, SignOfProduct(m_aBytes, other.m_aBytes), m_aBytes)) [[unlikely]]
     return DivideByDigits(other);
   return MarkGood();
 }
@@ -221,7 +219,7 @@ CDecimal& CDecimal::op_Divide(const CDecimal& other) {
   const auto [nLeftLow, nRightLow] = BinaryOfLows(m_aBytes, other.m_aBytes);
   const UInt128 nDividend = UInt128{nLeft} * kTenTo18 + nLeftLow * kTenTo10;
   const UInt128 nDivisor = UInt128{nRight} * kTenTo8 + nRightLow;
-  const std::uint64_t nSign = SignOfProduct(packed::Load(m_aBytes), packed::Load(other.m_aBytes));
+  const std::uint64_t nSign = SignOfProduct(m_aBytes, other.m_aBytes);
   if (nDivisor == 0 || !StoreDecimals(nDividend / nDivisor, nSign, m_aBytes))
     return DivideByDigits(other);
   return MarkGood();

@@ -121,6 +121,7 @@ TEST(PackedWords, JudgeEverySignNibble) {
       if (!HavePlainSigns(a, b)) continue;
       EXPECT_EQ(HaveLikeSigns(a, b), nLeft == nRight);
       EXPECT_EQ(SignOfProduct(a, b), nLeft == nRight ? kPositive : kNegative);
+      EXPECT_EQ(SignOfProduct(BytesOf(a), BytesOf(b)), SignOfProduct(a, b));
     }
   }
 }

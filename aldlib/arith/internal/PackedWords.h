@@ -92,7 +92,6 @@ inline constexpr std::uint64_t kPlusBit = 2;
 [[gnu::always_inline]] inline std::uint64_t SignOfProduct(Words a, Words b) {
   return kSignMask ^ ((a.nLow ^ b.nLow) & kPlusBit);
 }
-
 [[gnu::always_inline]] inline std::uint64_t SignOfProduct(const Bytes& a, const Bytes& b) {
   return kSignMask ^ ((a[kBytes - 1] ^ b[kBytes - 1]) & kPlusBit);
 }
@@ -348,8 +347,8 @@ struct Pair {
   return (n << 16) - (n * 3518437209 >> 45) * ((10000 << 16) - 1);
 }
 
-// Stores the digits of three numbers below 10^8, one behind the other; of the top one FoursOf. The
-// last digit makes place for the sign.
+// Stores the digits of three numbers below 10^8, one behind the other; the top one comes split by
+// FoursOf. The last digit makes place for the sign.
 [[gnu::always_inline]] inline void StoreDigits(std::uint64_t nTopFours, std::uint64_t nMiddle,
                                                std::uint64_t nLow, std::uint64_t nSign,
                                                Bytes& bytes) {
