@@ -9,21 +9,12 @@
 #include <cstdlib>
 
 #include "aldlib/platform/Characters.h"
+#include "aldlib/platform/internal/PathText.h"
 
 namespace ald {
 namespace {
 
 constexpr std::size_t kMostFolders = 64;
-constexpr std::string_view kSeparators = "\\/";
-
-bool IsLetter(char c) {
-  const char chUpper = ToUpperAscii(c);
-  return chUpper >= 'A' && chUpper <= 'Z';
-}
-
-bool HasDrive(std::string_view sPath) {
-  return sPath.size() >= 2 && sPath[1] == ':' && IsLetter(sPath[0]);
-}
 
 bool IsThere(const CString& sPath) {
   struct stat status {};
@@ -57,25 +48,6 @@ void AddElement(CString& sPath, std::string_view sElement) {
   sPath += sElement;
 }
 
-// The elements of a path between its separators. ".." takes the element before it away, as the
-// library's paths are read: by their text. Those that lead out of a relative path stay, those that
-// lead above a root do not count.
-std::vector<std::string_view> ElementsOf(std::string_view sPath, bool bFromRoot) {
-  std::vector<std::string_view> elements;
-  while (!sPath.empty()) {
-    const std::size_t nEnd = std::min(sPath.find_first_of(kSeparators), sPath.size());
-    const std::string_view sElement = sPath.substr(0, nEnd);
-    sPath.remove_prefix(std::min(nEnd + 1, sPath.size()));
-    if (sElement.empty() || sElement == ".") continue;
-    if (sElement != ".." || (!bFromRoot && (elements.empty() || elements.back() == ".."))) {
-      elements.push_back(sElement);
-    } else if (!elements.empty()) {
-      elements.pop_back();
-    }
-  }
-  return elements;
-}
-
 }  // namespace
 
 CString PathMapper::Native(std::string_view sPath) {
@@ -84,7 +56,7 @@ CString PathMapper::Native(std::string_view sPath) {
     Drive* const pDrive = Find(sPath[0]);
     if (pDrive == nullptr) return {};
     const std::string_view sRest = sPath.substr(2);
-    if (!sRest.empty() && kSeparators.find(sRest[0]) != std::string_view::npos) {
+    if (!sRest.empty() && IsSeparator(sRest[0])) {
       return LookedUp(pDrive->sFolder, sRest);
     }
     const CString sFolder = CurrentFolder(sPath[0]);
@@ -96,7 +68,7 @@ CString PathMapper::Native(std::string_view sPath) {
     if (sPath.find('/') != std::string_view::npos) return CString(sPath);
     return LookedUp({}, sPath);
   }
-  if (sPath.starts_with("\\\\")) return {};
+  if (IsSharePath(sPath)) return {};
   if (sPath[0] == '\\') {
     Drive* const pDrive = Find(CurrentDrive());
     return pDrive != nullptr ? LookedUp(pDrive->sFolder, sPath) : CString();
@@ -109,8 +81,7 @@ CString PathMapper::Native(std::string_view sPath) {
 
 // Elements below a native folder; below the current one if it is empty.
 CString PathMapper::LookedUp(CString sBase, std::string_view sElements) {
-  const bool bFolder =
-      !sElements.empty() && kSeparators.find(sElements.back()) != std::string_view::npos;
+  const bool bFolder = !sElements.empty() && IsSeparator(sElements.back());
   const std::vector<std::string_view> elements = ElementsOf(sElements, !sBase.empty());
   std::vector<std::size_t> ends{sBase.size()};  // of the path that has so many of the elements
   CString sPath = std::move(sBase);
@@ -184,9 +155,9 @@ CString PathMapper::Spelled(std::string_view sNative, char chPreferred) {
 }
 
 bool PathMapper::SetDrive(char chDrive, std::string_view sFolder) {
-  if (!IsLetter(chDrive) || (!sFolder.empty() && sFolder[0] != '/')) return false;
+  if (!IsDriveLetter(chDrive) || (!sFolder.empty() && sFolder[0] != '/')) return false;
   ReadEnvironment();
-  Drive& drive = m_drives[ToUpperAscii(chDrive) - 'A'];
+  Drive& drive = m_drives[DriveIndex(chDrive)];
   drive.sSet = WithoutSlashes(sFolder);
   drive.sCurrent.clear();
   SettleDrives();
@@ -199,9 +170,9 @@ CString PathMapper::DriveFolder(char chDrive) {
 }
 
 PathMapper::Drive* PathMapper::Find(char chDrive) {
-  if (!IsLetter(chDrive)) return nullptr;
+  if (!IsDriveLetter(chDrive)) return nullptr;
   ReadEnvironment();
-  Drive& drive = m_drives[ToUpperAscii(chDrive) - 'A'];
+  Drive& drive = m_drives[DriveIndex(chDrive)];
   return drive.sFolder.empty() ? nullptr : &drive;
 }
 
@@ -216,8 +187,8 @@ void PathMapper::ReadEnvironment() {
     const std::size_t nEnd = std::min(sRest.find(';'), sRest.size());
     const std::string_view sEntry = sRest.substr(0, nEnd);
     sRest.remove_prefix(std::min(nEnd + 1, sRest.size()));
-    if (sEntry.size() > 2 && IsLetter(sEntry[0]) && sEntry[1] == '=' && sEntry[2] == '/') {
-      m_drives[ToUpperAscii(sEntry[0]) - 'A'].sEnvironment = WithoutSlashes(sEntry.substr(2));
+    if (sEntry.size() > 2 && IsDriveLetter(sEntry[0]) && sEntry[1] == '=' && sEntry[2] == '/') {
+      m_drives[DriveIndex(sEntry[0])].sEnvironment = WithoutSlashes(sEntry.substr(2));
     }
   }
   SettleDrives();
@@ -229,10 +200,10 @@ void PathMapper::SettleDrives() {
     drive.sFolder = drive.sSet.empty() ? drive.sEnvironment : drive.sSet;
     bRoot = bRoot || drive.sFolder == "/";
   }
-  CString& sUsual = m_drives['C' - 'A'].sFolder;
+  CString& sUsual = m_drives[DriveIndex('C')].sFolder;
   if (sUsual.empty()) {
     sUsual = "/";
-  } else if (CString& sLast = m_drives['Z' - 'A'].sFolder; !bRoot && sLast.empty()) {
+  } else if (CString& sLast = m_drives[DriveIndex('Z')].sFolder; !bRoot && sLast.empty()) {
     sLast = "/";
   }
 }
