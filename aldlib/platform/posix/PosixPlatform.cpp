@@ -3,6 +3,7 @@
 #include "aldlib/platform/internal/NeverDestroyed.h"
 #include "aldlib/platform/internal/SystemPlatform.h"
 #include "aldlib/platform/posix/IniProfile.h"
+#include "aldlib/platform/posix/PathMapper.h"
 #include "aldlib/platform/posix/PosixClock.h"
 #include "aldlib/platform/posix/PosixLocale.h"
 #include "aldlib/platform/posix/PosixMachine.h"
@@ -14,6 +15,7 @@ namespace ald {
 namespace {
 
 struct Ports {
+  PathMapper paths;
   TableResources resources;
   PosixMachine machine;
   IniProfile profile;
@@ -37,6 +39,10 @@ Ports& SystemPorts() {
 
 const Platform& SystemPlatform() {
   return SystemPorts().platform;
+}
+
+PathMapper& SystemPaths() {
+  return SystemPorts().paths;
 }
 
 PosixProduct& SystemProduct() {
