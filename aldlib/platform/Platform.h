@@ -2,6 +2,7 @@
 
 #include "aldlib/platform/Clock.h"
 #include "aldlib/platform/Export.h"
+#include "aldlib/platform/Files.h"
 #include "aldlib/platform/Locale.h"
 #include "aldlib/platform/Machine.h"
 #include "aldlib/platform/Product.h"
@@ -21,6 +22,7 @@ struct Platform {
   Registry& registry;
   Product& product;
   Clock& clock;
+  Files& files;
 };
 
 // Returns the platform in use: the installed one, or else the system's own. Answers at any time,

@@ -14,6 +14,7 @@
 #include "aldlib/frame/MemStore.h"
 #include "aldlib/frame/MessageDoor.h"
 #include "aldlib/platform/IniText.h"
+#include "aldlib/platform/MemoryFiles.h"
 #include "aldlib/platform/MemoryRegistry.h"
 #include "aldlib/platform/TableResources.h"
 
@@ -189,9 +190,12 @@ class FakePlatform {
   MemoryRegistry m_registry;
   FakeProduct m_product;
   FakeClock m_clock;
+  MemoryDisk m_disk;
+  MemoryFiles m_files{m_disk};
 
  private:
-  Platform m_platform{m_resources, m_machine, m_locale, m_profile, m_registry, m_product, m_clock};
+  Platform m_platform{m_resources, m_machine, m_locale, m_profile,
+                      m_registry,  m_product, m_clock,  m_files};
 };
 
 // A door that keeps the numbers it was to show, in order, and gives the answer it was told to.
