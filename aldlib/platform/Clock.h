@@ -25,6 +25,9 @@ class ALDLIB_EXPORT Clock {
   // Returns the local time of now. A system without a clock, or with a time past the year 65535,
   // answers with zeros.
   virtual LocalTime Now() = 0;
+
+  // Returns the seconds since the start of 1970 in universal time; 0 without a clock.
+  virtual std::int64_t Seconds() = 0;
 };
 
 }  // namespace ald

@@ -8,6 +8,7 @@
 #include "aldlib/platform/Profile.h"
 #include "aldlib/platform/Registry.h"
 #include "aldlib/platform/Resources.h"
+#include "aldlib/platform/Volumes.h"
 
 namespace ald {
 
@@ -21,6 +22,7 @@ struct Platform {
   Registry& registry;
   Product& product;
   Clock& clock;
+  Volumes& volumes;
 };
 
 // Returns the platform in use: the installed one, or else the system's own. Answers at any time,

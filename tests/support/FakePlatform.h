@@ -14,7 +14,9 @@
 #include "aldlib/frame/MemStore.h"
 #include "aldlib/frame/MessageDoor.h"
 #include "aldlib/platform/IniText.h"
+#include "aldlib/platform/MemoryDisk.h"
 #include "aldlib/platform/MemoryRegistry.h"
+#include "aldlib/platform/MemoryVolumes.h"
 #include "aldlib/platform/TableResources.h"
 
 // Ports that a test can see into and turn, and a platform made of them.
@@ -148,8 +150,10 @@ class FakeProduct : public Product {
 class FakeClock : public Clock {
  public:
   LocalTime Now() override { return m_now; }
+  std::int64_t Seconds() override { return m_nSeconds; }
 
   LocalTime m_now{2003, 7, 4, 9, 5, 7, 89};
+  std::int64_t m_nSeconds = 1057309507;
 };
 
 // While it lives the library stands on its ports, loaded anew; afterwards on the system's own,
@@ -181,9 +185,12 @@ class FakePlatform {
   MemoryRegistry m_registry;
   FakeProduct m_product;
   FakeClock m_clock;
+  MemoryDisk m_disk;
+  MemoryVolumes m_volumes{m_disk};
 
  private:
-  Platform m_platform{m_resources, m_machine, m_locale, m_profile, m_registry, m_product, m_clock};
+  Platform m_platform{m_resources, m_machine, m_locale, m_profile,
+                      m_registry,  m_product, m_clock,  m_volumes};
 };
 
 // A door that keeps the numbers it was to show, in order, and gives the answer it was told to.

@@ -22,4 +22,9 @@ LocalTime PosixClock::Now() {
           narrow(now.tv_nsec / 1'000'000)};
 }
 
+std::int64_t PosixClock::Seconds() {
+  timespec now{};
+  return ::clock_gettime(CLOCK_REALTIME, &now) == 0 ? now.tv_sec : 0;
+}
+
 }  // namespace ald

@@ -9,6 +9,7 @@ namespace ald {
 class ALDLIB_EXPORT PosixClock : public Clock {
  public:
   LocalTime Now() override;
+  std::int64_t Seconds() override;
 };
 
 }  // namespace ald

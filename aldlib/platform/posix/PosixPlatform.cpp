@@ -8,6 +8,7 @@
 #include "aldlib/platform/posix/PosixLocale.h"
 #include "aldlib/platform/posix/PosixMachine.h"
 #include "aldlib/platform/posix/PosixProduct.h"
+#include "aldlib/platform/posix/PosixVolumes.h"
 #include "aldlib/platform/posix/SettingsFolders.h"
 #include "aldlib/platform/posix/SqliteRegistry.h"
 
@@ -27,7 +28,8 @@ struct Ports {
 #endif
   PosixProduct product;
   PosixClock clock;
-  Platform platform{resources, machine, locale, profile, registry, product, clock};
+  PosixVolumes volumes{paths};
+  Platform platform{resources, machine, locale, profile, registry, product, clock, volumes};
 };
 
 Ports& SystemPorts() {
