@@ -239,6 +239,11 @@ ALDLIB_EXPORT std::uint16_t FileDelete(const CPathNameString& sPath);
 // 1 if there is a file or folder of that name.
 ALDLIB_EXPORT int FileExist(const CPathNameString& sPath);
 
+// Deletes the files of the current folder that match a mask such as "*.TMP". The read-only ones go
+// only if bReadOnlyToo is true, but for "~PVSW~.LOC", the lock file that the database leaves
+// behind.
+ALDLIB_EXPORT void DeleteFiles(const CFixedString<13>& sMask, bool bReadOnlyToo);
+
 // Deletes a file, and those beside it whose extension is LCK or AFL in place of its own.
 ALDLIB_EXPORT void FileDeleteWithLCK(const CPathNameString& sPath);
 

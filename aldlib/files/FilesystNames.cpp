@@ -1,6 +1,7 @@
 // What is done to names: renaming, deleting, copying.
 #include <string_view>
 
+#include "aldlib/files/Directories.h"
 #include "aldlib/files/internal/FileRecord.h"
 #include "aldlib/frame/MemStore.h"
 #include "aldlib/text/Strings.h"
@@ -96,6 +97,17 @@ std::uint16_t FileDelete(const CPathNameString& sPath) {
 
 int FileExist(const CPathNameString& sPath) {
   return SystemFiles().Exists(sPath) ? 1 : 0;
+}
+
+void DeleteFiles(const CFixedString<13>& sMask, bool bReadOnlyToo) {
+  _finddata_t found{};
+  for (unsigned char bFound = FindFirst(sMask, &found); bFound != 0; bFound = FindNext(&found)) {
+    if ((found.attrib & kFolderAttribute) != 0) continue;
+    if (bReadOnlyToo || CompareStrNoCase(found.name, "~PVSW~.LOC") == 0) {
+      SystemFiles().MakeWritable(found.name);
+    }
+    SystemFiles().Delete(found.name);
+  }
 }
 
 void FileDeleteWithLCK(const CPathNameString& sPath) {

@@ -9,6 +9,7 @@
 #include "aldlib/platform/Profile.h"
 #include "aldlib/platform/Registry.h"
 #include "aldlib/platform/Resources.h"
+#include "aldlib/platform/Volumes.h"
 
 namespace ald {
 
@@ -23,6 +24,7 @@ struct Platform {
   Product& product;
   Clock& clock;
   Files& files;
+  Volumes& volumes;
 };
 
 // Returns the platform in use: the installed one, or else the system's own. Answers at any time,

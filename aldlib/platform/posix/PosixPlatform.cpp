@@ -9,6 +9,7 @@
 #include "aldlib/platform/posix/PosixLocale.h"
 #include "aldlib/platform/posix/PosixMachine.h"
 #include "aldlib/platform/posix/PosixProduct.h"
+#include "aldlib/platform/posix/PosixVolumes.h"
 #include "aldlib/platform/posix/SettingsFolders.h"
 #include "aldlib/platform/posix/SqliteRegistry.h"
 
@@ -29,7 +30,8 @@ struct Ports {
   PosixProduct product;
   PosixClock clock;
   PosixFiles files{paths};
-  Platform platform{resources, machine, locale, profile, registry, product, clock, files};
+  PosixVolumes volumes{paths};
+  Platform platform{resources, machine, locale, profile, registry, product, clock, files, volumes};
 };
 
 Ports& SystemPorts() {
