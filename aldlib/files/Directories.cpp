@@ -52,8 +52,8 @@ unsigned char GetDir(std::uint16_t nDrive, CPathNameString& sFolder) {
 }
 
 unsigned char GetFullDir(CPathNameString& sFolder) {
-  const char szDrive[] = {static_cast<char>('A' + GetDrive()), ':', '\0'};
-  sFolder = szDrive;
+  sFolder = "A:";
+  sFolder[0] = static_cast<char>('A' + GetDrive());
   CPathNameString sRest;
   if (GetDir(0, sRest) == 0) return 0;
   if (sRest[0] != '\\') sstrcat(sFolder, "\\", sFolder.GetSize());
