@@ -14,6 +14,7 @@
 #include <cstring>
 #include <new>
 
+#include "aldlib/platform/Characters.h"
 #include "aldlib/platform/internal/FileMask.h"
 #include "aldlib/platform/internal/PathText.h"
 
@@ -95,9 +96,13 @@ bool PosixVolumes::Search::List(std::string_view sMask, bool bRoot) {
     throw;
   }
   ::closedir(pFolder);
+  // Their capitals, so that the order of two names is that of two plain texts.
+  CString sFolded = sNames;
+  for (char& c : sFolded) c = CharUpper(c);
   const std::ptrdiff_t nDots = !bRoot && MatchesAll(sMask) ? 2 : 0;
-  std::sort(starts.begin() + nDots, starts.end(), [this](std::uint32_t a, std::uint32_t b) {
-    return GoesBefore(sNames.data() + a, sNames.data() + b);
+  std::sort(starts.begin() + nDots, starts.end(), [&](std::uint32_t a, std::uint32_t b) {
+    const int nOrder = std::strcmp(sFolded.data() + a, sFolded.data() + b);
+    return nOrder != 0 ? nOrder < 0 : std::strcmp(sNames.data() + a, sNames.data() + b) < 0;
   });
   return true;
 }
