@@ -26,6 +26,13 @@ class ALDLIB_EXPORT Clock {
   // answers with zeros.
   virtual LocalTime Now() = 0;
 
+  // Returns the milliseconds since some fixed moment, from a clock that is never set. The count
+  // starts again at 0 after 2 to the 32 of them.
+  virtual std::uint32_t Ticks() = 0;
+
+  // Waits. Nothing else happens on the thread meanwhile.
+  virtual void Sleep(std::uint32_t nMilliseconds) = 0;
+
   // Returns the seconds since the start of 1970 in universal time; 0 without a clock.
   virtual std::int64_t Seconds() = 0;
 };

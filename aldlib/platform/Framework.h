@@ -3,11 +3,13 @@
 #include <cstdint>
 
 #include "aldlib/platform/Export.h"
+#include "aldlib/platform/Types.h"
 
 namespace ald {
 
 // The least that the library needs of the application framework: the exceptions that an
-// application's catch blocks hand to HandleCatch. The library itself throws none of them.
+// application's catch blocks hand to HandleCatch, none of which the library throws itself, and the
+// object that stands for a window.
 
 class ALDLIB_EXPORT CException {
  public:
@@ -30,6 +32,26 @@ class ALDLIB_EXPORT COleException : public CException {
 class ALDLIB_EXPORT CUserException : public CException {
  public:
   ~CUserException() override;
+};
+
+// The framework's object for a window. It owns nothing: the window lives and dies on the desktop.
+class ALDLIB_EXPORT CWnd {
+ public:
+  CWnd() = default;
+  CWnd(const CWnd&) = delete;
+  CWnd& operator=(const CWnd&) = delete;
+  virtual ~CWnd();
+
+  // Returns the object for the window, the same one each time until DeleteTempMap; null for the
+  // window 0. The framework keeps it.
+  static CWnd* FromHandle(WindowHandle hWindow);
+
+  // Lets all the objects go that FromHandle has made.
+  static void DeleteTempMap();
+
+  WindowHandle GetSafeHwnd() const { return m_hWnd; }
+
+  WindowHandle m_hWnd{};
 };
 
 }  // namespace ald

@@ -2,6 +2,7 @@
 
 #include "aldlib/platform/Clock.h"
 #include "aldlib/platform/Export.h"
+#include "aldlib/platform/Files.h"
 #include "aldlib/platform/Locale.h"
 #include "aldlib/platform/Machine.h"
 #include "aldlib/platform/Product.h"
@@ -22,6 +23,7 @@ struct Platform {
   Registry& registry;
   Product& product;
   Clock& clock;
+  Files& files;
   Volumes& volumes;
 };
 

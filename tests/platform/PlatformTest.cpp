@@ -41,8 +41,9 @@ TEST(PlatformInUse, IsTheInstalledOneUntilTheSystemsOwnComesBack) {
   Machine& own = CurrentPlatform().machine;
   FakeMachine machine;
   const Platform& system = CurrentPlatform();
-  const Platform fake{system.resources, machine,        system.locale, system.profile,
-                      system.registry,  system.product, system.clock,  system.volumes};
+  const Platform fake{system.resources, machine,         system.locale,
+                      system.profile,   system.registry, system.product,
+                      system.clock,     system.files,    system.volumes};
   InstallPlatform(&fake);
   CurrentPlatform().machine.RaiseDivisionFault();
   InstallPlatform(nullptr);

@@ -15,6 +15,7 @@
 #include "aldlib/frame/MessageDoor.h"
 #include "aldlib/platform/IniText.h"
 #include "aldlib/platform/MemoryDisk.h"
+#include "aldlib/platform/MemoryFiles.h"
 #include "aldlib/platform/MemoryRegistry.h"
 #include "aldlib/platform/MemoryVolumes.h"
 #include "aldlib/platform/TableResources.h"
@@ -146,13 +147,21 @@ class FakeProduct : public Product {
   CString m_sProduct = "PRODUCT";
 };
 
-// A clock that stands still at the moment the test has set.
+// A clock whose date and time stand still at the moment the test has set. A sleep takes no time: it
+// is noted, and the ticks go on by it.
 class FakeClock : public Clock {
  public:
   LocalTime Now() override { return m_now; }
+  std::uint32_t Ticks() override { return m_nTicks; }
+  void Sleep(std::uint32_t nMilliseconds) override {
+    m_sleeps.push_back(nMilliseconds);
+    m_nTicks += nMilliseconds;
+  }
   std::int64_t Seconds() override { return m_nSeconds; }
 
   LocalTime m_now{2003, 7, 4, 9, 5, 7, 89};
+  std::uint32_t m_nTicks = 0;
+  std::vector<std::uint32_t> m_sleeps;
   std::int64_t m_nSeconds = 1057309507;
 };
 
@@ -186,11 +195,12 @@ class FakePlatform {
   FakeProduct m_product;
   FakeClock m_clock;
   MemoryDisk m_disk;
+  MemoryFiles m_files{m_disk};
   MemoryVolumes m_volumes{m_disk};
 
  private:
-  Platform m_platform{m_resources, m_machine, m_locale, m_profile,
-                      m_registry,  m_product, m_clock,  m_volumes};
+  Platform m_platform{m_resources, m_machine, m_locale, m_profile, m_registry,
+                      m_product,   m_clock,   m_files,  m_volumes};
 };
 
 // A door that keeps the numbers it was to show, in order, and gives the answer it was told to.

@@ -1,5 +1,6 @@
 #include "aldlib/platform/posix/PosixClock.h"
 
+#include <errno.h>
 #include <time.h>
 
 namespace ald {
@@ -20,6 +21,20 @@ LocalTime PosixClock::Now() {
           narrow(local.tm_min),
           narrow(local.tm_sec),
           narrow(now.tv_nsec / 1'000'000)};
+}
+
+std::uint32_t PosixClock::Ticks() {
+  timespec now{};
+  if (::clock_gettime(CLOCK_MONOTONIC, &now) != 0) return 0;
+  return static_cast<std::uint32_t>(static_cast<std::uint64_t>(now.tv_sec) * 1000 +
+                                    static_cast<std::uint64_t>(now.tv_nsec) / 1'000'000);
+}
+
+void PosixClock::Sleep(std::uint32_t nMilliseconds) {
+  timespec left{static_cast<time_t>(nMilliseconds / 1000),
+                static_cast<long>(nMilliseconds % 1000) * 1'000'000};
+  while (::nanosleep(&left, &left) != 0 && errno == EINTR) {
+  }
 }
 
 std::int64_t PosixClock::Seconds() {

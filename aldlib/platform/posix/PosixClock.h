@@ -9,6 +9,8 @@ namespace ald {
 class ALDLIB_EXPORT PosixClock : public Clock {
  public:
   LocalTime Now() override;
+  std::uint32_t Ticks() override;
+  void Sleep(std::uint32_t nMilliseconds) override;
   std::int64_t Seconds() override;
 };
 

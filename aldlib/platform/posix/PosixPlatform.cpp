@@ -5,6 +5,7 @@
 #include "aldlib/platform/posix/IniProfile.h"
 #include "aldlib/platform/posix/PathMapper.h"
 #include "aldlib/platform/posix/PosixClock.h"
+#include "aldlib/platform/posix/PosixFiles.h"
 #include "aldlib/platform/posix/PosixLocale.h"
 #include "aldlib/platform/posix/PosixMachine.h"
 #include "aldlib/platform/posix/PosixProduct.h"
@@ -28,8 +29,9 @@ struct Ports {
 #endif
   PosixProduct product;
   PosixClock clock;
+  PosixFiles files{paths};
   PosixVolumes volumes{paths};
-  Platform platform{resources, machine, locale, profile, registry, product, clock, volumes};
+  Platform platform{resources, machine, locale, profile, registry, product, clock, files, volumes};
 };
 
 Ports& SystemPorts() {
