@@ -66,13 +66,9 @@ bool VolumeOf(const CString& sNative, struct statvfs& volume) {
 
 }  // namespace
 
-PosixVolumes::Search::~Search() {
-  if (nFolder >= 0) ::close(nFolder);
-}
-
 // Lists the matches in the folder of the descriptor.
 bool PosixVolumes::Search::List(std::string_view sMask, bool bRoot) {
-  const int nListed = ::openat(nFolder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  const int nListed = ::openat(folder.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   DIR* const pFolder = nListed >= 0 ? ::fdopendir(nListed) : nullptr;
   if (pFolder == nullptr) {
     if (nListed >= 0) ::close(nListed);
@@ -110,14 +106,12 @@ bool PosixVolumes::Search::List(std::string_view sMask, bool bRoot) {
 bool PosixVolumes::Search::Next(_finddata_t& record) {
   while (nNext < starts.size()) {
     const char* const szName = sNames.data() + starts[nNext++];
-    if (!FillRecord(nFolder, szName, record)) continue;
+    if (!FillRecord(folder.get(), szName, record)) continue;
     FillName(szName, record);
     return true;
   }
   return false;
 }
-
-PosixVolumes::~PosixVolumes() = default;
 
 CString PosixVolumes::Native(const char* szPath) {
   return szPath != nullptr ? m_paths.Native(szPath) : CString();
@@ -184,8 +178,9 @@ SearchHandle PosixVolumes::StartSearch(const char* szMask, _finddata_t& record) 
   if (sFolder.empty()) return kNoSearch;
   const SearchHandle hSearch{++m_nLastSearch};
   Search& search = m_searches[hSearch];
-  search.nFolder = ::open(sFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (search.nFolder >= 0 && search.List(end.sName, IsDriveRoot(sFolder)) && search.Next(record)) {
+  search.folder = Descriptor(::open(sFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (search.folder.IsOpen() && search.List(end.sName, IsDriveRoot(sFolder)) &&
+      search.Next(record)) {
     return hSearch;
   }
   m_searches.erase(hSearch);
