@@ -14,6 +14,8 @@ inline constexpr int kUnusable = 2;  // nothing could be done; nothing was print
 int RunAmount(const std::string& sTyped);
 int RunCalc(const std::string& sExpression);
 int RunChecks(const std::string& sPath);
+// Lists which data files of a company are in the folder.
+int RunCompany(const std::string& sFolder);
 
 // The file layer by hand: a text's characters and its lines as the library reads them, a copy, and
 // a range of bytes locked until the input ends.

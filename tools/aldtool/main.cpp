@@ -98,7 +98,7 @@ void AddFile(CLI::App& app, FileArguments& given, int& nStatus) {
 
 // aldtool shows the library at work on real input.
 int main(int nArguments, char** pszArguments) {
-  CLI::App app("Exact amounts, stored settings and shared files at the command line.", "aldtool");
+  CLI::App app("Exact amounts, stored settings and company files at the command line.", "aldtool");
   app.require_subcommand(1);
 
   std::string sPath;
@@ -129,6 +129,13 @@ int main(int nArguments, char** pszArguments) {
   app.add_subcommand("where", "Print where the settings lie.")->callback([&] {
     nStatus = aldtool::RunWhere();
   });
+  CLI::App* pCompany = app.add_subcommand(
+      "company",
+      "List which data files of a company a folder holds: size, day of the last change, and\n"
+      "whether a program has them open. Ends with 1 if there are none, 2 if there is no such "
+      "folder.");
+  pCompany->add_option("DIR", sPath, "Native, or such as 'C:\\BOOKS'")->required();
+  pCompany->callback([&] { nStatus = aldtool::RunCompany(sPath); });
   PrefsArguments given;
   AddPrefs(app, given, nStatus);
   FileArguments file;
