@@ -3,6 +3,7 @@
 #include "aldlib/platform/Clock.h"
 #include "aldlib/platform/Desktop.h"
 #include "aldlib/platform/Export.h"
+#include "aldlib/platform/Files.h"
 #include "aldlib/platform/Locale.h"
 #include "aldlib/platform/Machine.h"
 #include "aldlib/platform/Processes.h"
@@ -10,6 +11,7 @@
 #include "aldlib/platform/Profile.h"
 #include "aldlib/platform/Registry.h"
 #include "aldlib/platform/Resources.h"
+#include "aldlib/platform/Volumes.h"
 #include "aldlib/platform/Windows.h"
 
 namespace ald {
@@ -24,6 +26,8 @@ struct Platform {
   Registry& registry;
   Product& product;
   Clock& clock;
+  Files& files;
+  Volumes& volumes;
   Processes& processes;
   Desktop desktop;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "aldlib/text/WildcardSearch.h"
@@ -31,6 +32,15 @@ int RunPeriods(int nCount, const std::string& sStart);
 // Prints all processes, or who has loaded a program or library of that file name. Returns kBadLines
 // if nobody has.
 int RunPs(const std::string& sName);
+// Lists which data files of a company are in the folder.
+int RunCompany(const std::string& sFolder);
+
+// The file layer by hand: a text's characters and its lines as the library reads them, a copy, and
+// a range of bytes locked until the input ends.
+int RunFileCat(const std::string& sPath);
+int RunFileLines(const std::string& sPath);
+int RunFileCopy(const std::string& sFrom, const std::string& sTo);
+int RunFileLock(const std::string& sPath, std::int32_t nStart, std::int32_t nLength);
 int RunWhere();
 int RunWords(const std::string& sTyped);
 

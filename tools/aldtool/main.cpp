@@ -78,7 +78,40 @@ void AddFind(CLI::App& app, std::string& sPattern, std::string& sPath,
       "-b,--backward", [&] { behavior.forward = false; }, "From the end of the file on");
   pFind->add_flag("-c,--commas", behavior.numericCommas, "Commas do not count: 1000 finds 1,000");
   pFind->callback([&] { nStatus = aldtool::RunFind(sPattern, sPath, behavior); });
-}
+  // What the commands below "file" are given.
+  struct FileArguments {
+    std::string sPath;
+    std::string sTo;
+    std::int32_t nStart = 0;
+    std::int32_t nLength = 1;
+  };
+
+  void AddFile(CLI::App & app, FileArguments & given, int& nStatus) {
+    CLI::App* const pFile =
+        app.add_subcommand("file", "Read, copy and lock files as the library does.");
+    pFile->require_subcommand(1);
+    const auto add = [&](const char* szName, const char* szHelp) {
+      CLI::App* const pCommand = pFile->add_subcommand(szName, szHelp);
+      pCommand->add_option("FILE", given.sPath, "Such as 'C:\\DATA\\NOTES.TXT', or a native path")
+          ->required();
+      return pCommand;
+    };
+    add("cat", "Print a text, up to Ctrl-Z if there is one.")->callback([&] {
+      nStatus = aldtool::RunFileCat(given.sPath);
+    });
+    add("lines", "Print a text's lines with their numbers and lengths.")->callback([&] {
+      nStatus = aldtool::RunFileLines(given.sPath);
+    });
+    CLI::App* const pCopy = add("copy", "Copy a file over another one.");
+    pCopy->add_option("TO", given.sTo, "The copy")->required();
+    pCopy->callback([&] { nStatus = aldtool::RunFileCopy(given.sPath, given.sTo); });
+    CLI::App* const pLock = add(
+        "lock", "Lock a range of bytes until the input ends; while another has it, try ten times.");
+    pLock->add_option("START", given.nStart, "The first byte, counted from 0")->required();
+    pLock->add_option("LENGTH", given.nLength, "How many bytes")->required();
+    pLock->callback(
+        [&] { nStatus = aldtool::RunFileLock(given.sPath, given.nStart, given.nLength); });
+  }
 
 }  // namespace
 
@@ -86,6 +119,7 @@ void AddFind(CLI::App& app, std::string& sPattern, std::string& sPath,
 int main(int nArguments, char** pszArguments) {
   CLI::App app("Exact amounts, names and stored settings at the command line.", "aldtool");
   CLI::App app("Exact amounts, dates and stored settings at the command line.", "aldtool");
+  CLI::App app("Exact amounts, stored settings and company files at the command line.", "aldtool");
   app.require_subcommand(1);
 
   std::string sPath;
@@ -154,6 +188,17 @@ int main(int nArguments, char** pszArguments) {
   std::string sPattern;
   ald::SearchBehavior behavior;
   AddFind(app, sPattern, sPath, behavior, nStatus);
+  CLI::App* pCompany = app.add_subcommand(
+      "company",
+      "List which data files of a company a folder holds: size, day of the last change, and\n"
+      "whether a program has them open. Ends with 1 if there are none, 2 if there is no such "
+      "folder.");
+  pCompany->add_option("DIR", sPath, "Native, or such as 'C:\\BOOKS'")->required();
+  pCompany->callback([&] { nStatus = aldtool::RunCompany(sPath); });
+  PrefsArguments given;
+  AddPrefs(app, given, nStatus);
+  FileArguments file;
+  AddFile(app, file, nStatus);
 
   // The parser would take a text that starts with a minus for an option.
   std::vector<std::string> arguments(pszArguments + 1, pszArguments + nArguments);

@@ -4,10 +4,13 @@
 #include "aldlib/platform/internal/NeverDestroyed.h"
 #include "aldlib/platform/internal/SystemPlatform.h"
 #include "aldlib/platform/posix/IniProfile.h"
+#include "aldlib/platform/posix/PathMapper.h"
 #include "aldlib/platform/posix/PosixClock.h"
+#include "aldlib/platform/posix/PosixFiles.h"
 #include "aldlib/platform/posix/PosixLocale.h"
 #include "aldlib/platform/posix/PosixMachine.h"
 #include "aldlib/platform/posix/PosixProduct.h"
+#include "aldlib/platform/posix/PosixVolumes.h"
 #include "aldlib/platform/posix/ProcProcesses.h"
 #include "aldlib/platform/posix/SettingsFolders.h"
 #include "aldlib/platform/posix/SqliteRegistry.h"
@@ -16,6 +19,7 @@ namespace ald {
 namespace {
 
 struct Ports {
+  PathMapper paths;
   TableResources resources;
   PosixMachine machine;
   IniProfile profile;
@@ -27,10 +31,12 @@ struct Ports {
 #endif
   PosixProduct product;
   PosixClock clock;
+  PosixFiles files{paths};
+  PosixVolumes volumes{paths};
   ProcProcesses processes;
   HeadlessDesktop desktop{clock};
-  Platform platform{resources, machine, locale,    profile,        registry,
-                    product,   clock,   processes, desktop.Ports()};
+  Platform platform{resources, machine, locale,  profile,   registry,       product,
+                    clock,     files,   volumes, processes, desktop.Ports()};
 };
 
 Ports& SystemPorts() {
@@ -42,6 +48,10 @@ Ports& SystemPorts() {
 
 const Platform& SystemPlatform() {
   return SystemPorts().platform;
+}
+
+PathMapper& SystemPaths() {
+  return SystemPorts().paths;
 }
 
 PosixProduct& SystemProduct() {
