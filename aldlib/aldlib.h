@@ -39,6 +39,8 @@
 #include "aldlib/frame/MessageArgument.h"
 #include "aldlib/frame/MessageDoor.h"
 #include "aldlib/frame/WindowMemory.h"
+#include "aldlib/messages/Catalogue.h"
+#include "aldlib/messages/MessageFormat.h"
 #include "aldlib/platform/Canvas.h"
 #include "aldlib/platform/Characters.h"
 #include "aldlib/platform/Clock.h"
