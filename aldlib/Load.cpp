@@ -8,6 +8,7 @@
 #include "aldlib/frame/LibraryState.h"
 #include "aldlib/frame/LibraryStrings.h"
 #include "aldlib/frame/WindowMemory.h"
+#include "aldlib/messages/internal/MessageEngine.h"
 
 namespace ald {
 namespace {
@@ -28,6 +29,7 @@ int Load(ModuleHandle hModule) {
   KeepLibraryHandle(hModule);
   StartWindowMemory();
   LibraryRecord() = {};
+  OpenMessageDoor();
   RequirePerInstanceData(hModule, ModuleId::AlderLib, &LibraryRecord());
   AddWindowAtoms();
   ReadRegionalSettings();
@@ -42,6 +44,7 @@ void Unload(ModuleHandle hModule) {
   EndWindowMemory();
   CloseOpenSearches();
   ForgetSettings();
+  CloseMessageDoor();
 }
 
 // The module that stands for the library on the platform in use.

@@ -140,8 +140,7 @@ CString FaultOf(std::string_view sText) {
   const MessageParts parts = Split(sText);
   if (parts.sBody.empty()) return "no text stands behind the signs";
   const char cFirst = parts.sBody.front();
-  const bool bPlaceholder = parts.sBody.starts_with("###") || parts.sBody.starts_with("$$$") ||
-                            parts.sBody.starts_with("%$%");
+  const bool bPlaceholder = BeginsWithPlaceholder(parts.sBody) || parts.sBody.starts_with("$$$");
   if (parts.sBody.find('|') != std::string_view::npos) return "\"|\" would be shown here";
   if (!bPlaceholder && kSignCharacters.find(cFirst) != std::string_view::npos) {
     return CString("the sign \"") + cFirst + "\" would be shown here";

@@ -133,12 +133,13 @@ TEST(CatalogueCheck, ReadsOnBehindAFaultAndFindsNumbersThatStandTwice) {
 TEST(CatalogueCheck, HoldsATranslationToItsModel) {
   StringTable model;
   model.Add(1, "*|From ### to ###.");
-  model.Add(2, "%s has %d of %s");
+  model.Add(2, "!%s has %d of %s");
   model.Add(33401, "Options");
-  EXPECT_THAT(FaultsOf("1 *|Von ### bis ###.\n2 %s hat %5d von %-8s\n3 @Neu\n33401 Options", model),
-              ElementsAre());
+  EXPECT_THAT(
+      FaultsOf("1 *|Von ### bis ###.\n2 !%s hat %5d von %-8s\n3 @Neu\n33401 Options", model),
+      ElementsAre());
   for (const char* szLine : {"1 *Von ### bis ###.", "1 @|Von ### bis ###.", "1 *|!Von ### bis ###",
-                             "1 *|Von ###.", "2 Von %s hat %s %d", "33401 Optionen"}) {
+                             "1 *|Von ###.", "2 !Von %s hat %s %d", "33401 Optionen"}) {
     EXPECT_EQ(FaultsOf(szLine, model).size(), 1U) << szLine;
   }
 }
