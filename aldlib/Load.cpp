@@ -9,6 +9,8 @@
 #include "aldlib/frame/LibraryStrings.h"
 #include "aldlib/frame/WindowMemory.h"
 #include "aldlib/messages/internal/MessageEngine.h"
+#include "aldlib/screens/Menus.h"
+#include "aldlib/screens/internal/ForgetScreens.h"
 
 namespace ald {
 namespace {
@@ -42,6 +44,11 @@ void Unload(ModuleHandle hModule) {
   DeleteWindowAtoms();
   ReleaseInstanceTable();
   EndWindowMemory();
+  ForgetAccelerators();
+  ForgetWindows();
+  ForgetHelpLevels();
+  ForgetColours();
+  DelMenuIDOwnerTable();
   CloseOpenSearches();
   ForgetSettings();
   CloseMessageDoor();

@@ -25,23 +25,21 @@ void WriteLine(const char* szText) {
 
 class PlainMessageDoor : public MessageDoor {
  public:
-  int Show(std::uint32_t nMessage) override {
-    if (const char* const szText = FindLibraryString(nMessage)) {
+  int Show(MessageArgument message) override {
+    const std::uint16_t nMessage = MessageNumber(message);
+    if (IsMessageText(message)) {
+      WriteLine(MessageText(message));
+    } else if (const char* const szText = FindLibraryString(nMessage)) {
       WriteLine(szText);
     } else {
       char szUnknown[40];
-      std::snprintf(szUnknown, sizeof szUnknown, "<unknown message %lu>",
-                    static_cast<unsigned long>(nMessage));
+      std::snprintf(szUnknown, sizeof szUnknown, "<unknown message %u>", unsigned{nMessage});
       WriteLine(szUnknown);
     }
     return kAnswerCancel;
   }
 
-  int Ask(MessageArgument message) override {
-    if (!IsMessageText(message)) return Show(MessageNumber(message));
-    WriteLine(MessageText(message));
-    return kAnswerCancel;
-  }
+  int Ask(MessageArgument message) override { return Show(message); }
 };
 
 constinit MessageDoor* g_pDoor = nullptr;

@@ -18,9 +18,10 @@ class ALDLIB_EXPORT MessageDoor {
  public:
   virtual ~MessageDoor() = default;
 
-  // Shows the numbered text of the library and returns the user's answer. It may be called when
-  // there is no memory left, so message 20301 has to do without any.
-  virtual int Show(std::uint32_t nMessage) = 0;
+  // Shows a text of the library, by number or as it is, in a box of the library's own and returns
+  // the user's answer. It may be called when there is no memory left, so message 20301 has to do
+  // without any.
+  virtual int Show(MessageArgument message) = 0;
 
   // Shows a message, by number or by text, whose leading character decides about its buttons, and
   // returns the user's answer. A message without such a character offers Retry and Cancel.

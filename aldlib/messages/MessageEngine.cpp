@@ -15,13 +15,13 @@ namespace {
 class EngineDoor : public MessageDoor {
  public:
   // As Lib_Message, but the text lies on the stack: there may be no memory left.
-  int Show(std::uint32_t nMessage) override {
-    const auto message = static_cast<MessageArgument>(nMessage & kMessageNumberMask);
+  int Show(MessageArgument message) override {
     CFixedString<kLibraryBufferSize> sText;
     std::uint32_t nFlags = 0;
     // A memory failure can come before the modules' texts can be searched.
-    const char* const szOwn = FindLibraryString(nMessage);
-    if (szOwn != nullptr && MyLoadString(nMessage, sText) == 0) {
+    const char* const szOwn =
+        IsMessageText(message) ? nullptr : FindLibraryString(MessageNumber(message));
+    if (szOwn != nullptr && MyLoadString(MessageNumber(message), sText) == 0) {
       sText = szOwn;
       TakeSigns(&nFlags, message, sText);
     } else {

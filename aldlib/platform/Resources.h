@@ -8,8 +8,9 @@
 
 namespace ald {
 
-// What the library asks of the system about modules: the numbered texts that they carry, names
-// that the whole process shares as atoms, and the application framework's record of each module.
+// What the library asks of the system about modules: the numbered and the long texts that they
+// carry, names that the whole process shares as atoms, and the application framework's record of
+// each module.
 //
 // A module handle that names no module, 0 among them, is harmless everywhere: it carries no text.
 class ALDLIB_EXPORT Resources {
@@ -31,6 +32,11 @@ class ALDLIB_EXPORT Resources {
   // below 1 gives 0.
   virtual int LoadString(ModuleHandle hModule, std::uint32_t nNumber, char* szBuffer,
                          int nSize) = 0;
+
+  // Copies the module's text resource of that number and type; types are known in any case. Returns
+  // false, with the text as it was, if the module has no such resource.
+  virtual bool LoadText(ModuleHandle hModule, std::uint32_t nNumber, const CString& sType,
+                        CString& sText) = 0;
 
   // Returns the atom of a name of 1 to 255 characters, the same one for each spelling that differs
   // in the case of A to Z only. Each AddAtom needs its DeleteAtom. Returns 0 for a null, empty or

@@ -16,8 +16,7 @@ constexpr std::uint16_t kFirstAtom = 0xC000;
 constexpr std::size_t kMaxAtoms = 0x4000;
 constexpr std::size_t kMaxAtomName = 255;
 
-CString UpperCase(const char* szName) {
-  CString sName(szName);
+CString UpperCase(CString sName) {
   for (char& c : sName) {
     if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
   }
@@ -53,6 +52,7 @@ bool TableResources::RemoveModule(ModuleHandle hModule) {
   ModulePlace* const pPlace = Find(hModule);
   if (pPlace == nullptr) return false;
   pPlace->strings.reset();
+  pPlace->texts.clear();
   ++pPlace->nGeneration;
   return true;
 }
@@ -67,6 +67,26 @@ int TableResources::LoadString(ModuleHandle hModule, std::uint32_t nNumber, char
   std::memcpy(szBuffer, pText->data(), nCopied);
   szBuffer[nCopied] = '\0';
   return static_cast<int>(nCopied);
+}
+
+bool TableResources::LoadText(ModuleHandle hModule, std::uint32_t nNumber, const CString& sType,
+                              CString& sText) try {
+  const ModulePlace* const pPlace = Find(hModule);
+  if (pPlace == nullptr) return false;
+  const auto it = pPlace->texts.find({nNumber, UpperCase(sType)});
+  if (it == pPlace->texts.end()) return false;
+  sText = it->second;
+  return true;
+} catch (const std::bad_alloc&) {
+  return false;
+}
+
+bool TableResources::AddText(ModuleHandle hModule, std::uint32_t nNumber, const CString& sType,
+                             CString sText) {
+  ModulePlace* const pPlace = Find(hModule);
+  if (pPlace == nullptr) return false;
+  pPlace->texts[{nNumber, UpperCase(sType)}] = std::move(sText);
+  return true;
 }
 
 Atom TableResources::AddAtom(const char* szName) try {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "aldlib/platform/Export.h"
@@ -16,18 +18,27 @@ class ALDLIB_EXPORT TableResources : public Resources {
   ModuleHandle AddModule(StringTable strings) override;
   bool RemoveModule(ModuleHandle hModule) override;
   int LoadString(ModuleHandle hModule, std::uint32_t nNumber, char* szBuffer, int nSize) override;
+  bool LoadText(ModuleHandle hModule, std::uint32_t nNumber, const CString& sType,
+                CString& sText) override;
   Atom AddAtom(const char* szName) override;
   bool DeleteAtom(Atom nAtom) override;
   bool AttachExtension(ModuleHandle hModule) override;
   void LinkExtension(ModuleHandle hModule) override;
   void ReleaseExtension(ModuleHandle hModule) override;
 
+  // Gives a module a text resource, in place of one that it has under that number and type. Returns
+  // false if the handle names no module.
+  bool AddText(ModuleHandle hModule, std::uint32_t nNumber, const CString& sType, CString sText);
+
  private:
+  using TextKey = std::pair<std::uint32_t, CString>;  // number, and type in upper case
+
   // A handle is the place in m_modules plus one, and above that the generation of the place, so
   // that the handle of a module that has left does not answer for the one that took its place.
   struct ModulePlace {
     std::uint16_t nGeneration = 0;
     std::optional<StringTable> strings;
+    std::map<TextKey, CString> texts;
   };
   struct AtomPlace {
     CString sName;  // upper case

@@ -130,7 +130,7 @@ TEST(MemoryFailure, IsShownWhereverItHappensAndOnlyThen) {
 
 TEST(MemoryFailure, WhileOneIsOnTheScreenIsSilent) {
   struct HungryDoor : MessageDoor {
-    int Show(std::uint32_t) override {
+    int Show(MessageArgument) override {
       ++m_nShown;
       FailAllocation(1);
       m_bFailed = _RealAllocate(1) == nullptr;

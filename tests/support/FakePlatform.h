@@ -202,13 +202,15 @@ class RecordingDoor : public MessageDoor {
   RecordingDoor& operator=(const RecordingDoor&) = delete;
   ~RecordingDoor() override { ConnectMessageDoor(m_pBefore); }
 
-  int Show(std::uint32_t nMessage) override {
-    m_shown.push_back(nMessage);
+  int Show(MessageArgument message) override {
+    m_shown.push_back(IsMessageText(message) ? 0U : MessageNumber(message));
+    m_texts.emplace_back(IsMessageText(message) ? MessageText(message) : "");
     return m_nAnswer;
   }
-  int Ask(MessageArgument message) override { return Show(MessageNumber(message)); }
+  int Ask(MessageArgument message) override { return Show(message); }
 
-  std::vector<std::uint32_t> m_shown;
+  std::vector<std::uint32_t> m_shown;  // 0 for a text
+  std::vector<CString> m_texts;        // "" for a number
   int m_nAnswer = kAnswerOk;
 
  private:
