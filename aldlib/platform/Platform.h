@@ -1,6 +1,7 @@
 #pragma once
 
 #include "aldlib/platform/Clock.h"
+#include "aldlib/platform/Desktop.h"
 #include "aldlib/platform/Export.h"
 #include "aldlib/platform/Locale.h"
 #include "aldlib/platform/Machine.h"
@@ -11,8 +12,8 @@
 
 namespace ald {
 
-// The system beneath the library, one reference for each port. The ports' own headers say what each
-// of them promises.
+// The system beneath the library, one reference for each port; those of the desktop stand together.
+// The ports' own headers say what each of them promises.
 struct Platform {
   Resources& resources;
   Machine& machine;
@@ -21,6 +22,7 @@ struct Platform {
   Registry& registry;
   Product& product;
   Clock& clock;
+  Desktop desktop;
 };
 
 // Returns the platform in use: the installed one, or else the system's own. Answers at any time,

@@ -17,7 +17,10 @@ struct Accelerator {
   bool bAlt = false;
 };
 
+// Keys that are held together with others, as virtual key numbers.
 constexpr int kKeyShift = 0x10;
+constexpr int kKeyControl = 0x11;
+constexpr int kKeyAlt = 0x12;
 
 // The message queue of the user-interface thread, and what looks at a message before its window
 // does. Handles that name no window are harmless: nothing is sent, and the answer is 0 or false.

@@ -71,6 +71,7 @@ using DialogProcedure =
 // The messages that the library itself sends, waits for or answers.
 constexpr std::uint32_t kMessageDestroy = 0x0002;
 constexpr std::uint32_t kMessageSetFocus = 0x0007;
+constexpr std::uint32_t kMessageKillFocus = 0x0008;
 constexpr std::uint32_t kMessagePaint = 0x000F;
 constexpr std::uint32_t kMessageClose = 0x0010;
 constexpr std::uint32_t kMessageQuit = 0x0012;
@@ -95,6 +96,12 @@ constexpr std::uint32_t kMessageReadDate = 0x0469;   // answers the date as its 
 constexpr std::uint32_t kMessageWriteDate = 0x046A;  // long: the date; not 0 says it was taken
 constexpr std::uint32_t kMessageAskRect = 0x0561;    // long: address of a Rect to fill, in screen
                                                      // terms; not 0 says it was filled
+
+// The notices of kMessageCommand: what the user did to a control, or that the command is a key's.
+constexpr std::uint32_t kNoticeClick = 0;
+constexpr std::uint32_t kNoticeAccelerator = 1;
+constexpr std::uint32_t kNoticeSelect = 1;       // of a list or combo
+constexpr std::uint32_t kNoticeChange = 0x0300;  // of an edit control
 
 // Style bits of windows and controls.
 constexpr std::uint32_t kStylePopup = 0x80000000;

@@ -42,7 +42,7 @@ TEST(PlatformInUse, IsTheInstalledOneUntilTheSystemsOwnComesBack) {
   FakeMachine machine;
   const Platform& system = CurrentPlatform();
   const Platform fake{system.resources, machine,        system.locale, system.profile,
-                      system.registry,  system.product, system.clock};
+                      system.registry,  system.product, system.clock,  system.desktop};
   InstallPlatform(&fake);
   CurrentPlatform().machine.RaiseDivisionFault();
   InstallPlatform(nullptr);

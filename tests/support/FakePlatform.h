@@ -16,6 +16,7 @@
 #include "aldlib/platform/IniText.h"
 #include "aldlib/platform/MemoryRegistry.h"
 #include "aldlib/platform/TableResources.h"
+#include "aldlib/platform/headless/HeadlessDesktop.h"
 
 // Ports that a test can see into and turn, and a platform made of them.
 namespace ald {
@@ -189,9 +190,11 @@ class FakePlatform {
   MemoryRegistry m_registry;
   FakeProduct m_product;
   FakeClock m_clock;
+  HeadlessDesktop m_desktop{m_clock};
 
  private:
-  Platform m_platform{m_resources, m_machine, m_locale, m_profile, m_registry, m_product, m_clock};
+  Platform m_platform{m_resources, m_machine, m_locale, m_profile,
+                      m_registry,  m_product, m_clock,  m_desktop.Ports()};
 };
 
 // A door that keeps the numbers it was to show, in order, and gives the answer it was told to.

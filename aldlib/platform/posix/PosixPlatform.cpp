@@ -1,5 +1,6 @@
 #include "aldlib/platform/MemoryRegistry.h"
 #include "aldlib/platform/TableResources.h"
+#include "aldlib/platform/headless/HeadlessDesktop.h"
 #include "aldlib/platform/internal/NeverDestroyed.h"
 #include "aldlib/platform/internal/SystemPlatform.h"
 #include "aldlib/platform/posix/IniProfile.h"
@@ -25,7 +26,8 @@ struct Ports {
 #endif
   PosixProduct product;
   PosixClock clock;
-  Platform platform{resources, machine, locale, profile, registry, product, clock};
+  HeadlessDesktop desktop{clock};
+  Platform platform{resources, machine, locale, profile, registry, product, clock, desktop.Ports()};
 };
 
 Ports& SystemPorts() {

@@ -1,0 +1,209 @@
+#include <algorithm>
+#include <utility>
+
+#include "aldlib/platform/headless/internal/BoxLayout.h"
+#include "aldlib/platform/headless/internal/HeadlessParts.h"
+
+// Boxes and dialogs: a loop that serves the queue, and asks the scripted user whenever nothing
+// waits there.
+namespace ald {
+namespace {
+
+// So often a loop listens to timers or to a user that change nothing, before it gives up.
+constexpr int kPatience = 100;
+
+}  // namespace
+
+int HeadlessPresenter::PlainBox(WindowHandle hOwner, const CString& sText, const CString& sCaption,
+                                std::uint32_t nFlags) {
+  return ShowBox({ShownBox::Kind::kPlain, hOwner, sText, sCaption, nFlags, -1, 0}, nullptr);
+}
+
+int HeadlessPresenter::FrameworkBox(const CString& sText, std::uint32_t nFlags,
+                                    std::int32_t nHelpTopic) {
+  DisableModeless();
+  WindowHandle hDisabled{};
+  const WindowHandle hOwner = SafeOwner(hDisabled);
+  const int nAnswer = ShowBox(
+      {ShownBox::Kind::kFramework, hOwner, sText, m_sApplication, nFlags, nHelpTopic, 0}, nullptr);
+  m_parts.windows.Enable(hDisabled, true);
+  EnableModeless();
+  return nAnswer;
+}
+
+int HeadlessPresenter::HelpBox(WindowHandle hOwner, const CString& sText, const CString& sCaption,
+                               std::uint32_t nFlags, std::int32_t nHelpTopic,
+                               const std::function<void(std::int32_t)>& help) {
+  return ShowBox({ShownBox::Kind::kHelp, hOwner, sText, sCaption, nFlags, nHelpTopic, 0}, help);
+}
+
+int HeadlessPresenter::ShowBox(ShownBox box, const std::function<void(std::int32_t)>& help) {
+  const std::size_t nBox = m_boxes.size();
+  const std::uint32_t nFlags = box.nFlags;
+  const auto procedure = [&](WindowHandle hBox, std::uint32_t nMessage, std::uint32_t nWord,
+                             std::intptr_t) -> std::intptr_t {
+    if (nMessage == kMessageInitDialog) {
+      m_parts.windows.SetFocus(m_parts.windows.Child(hBox, DefaultButtonOf(nFlags)));
+      return 0;
+    }
+    if (nMessage != kMessageCommand) return 0;
+    const int nId = static_cast<int>(nWord & 0xFFFF);
+    if (nId == kButtonHelp) {
+      if (help) {
+        help(box.nHelpTopic);
+      } else {
+        m_parts.windows.Call(box.hOwner, kMessageHelp, 0, 0);
+      }
+    } else if (m_parts.windows.Child(hBox, nId) != WindowHandle{}) {
+      EndDialog(hBox, nId);
+    } else if (nId == kButtonCancel && EscapeButtonOf(nFlags) != 0) {
+      EndDialog(hBox, EscapeButtonOf(nFlags));
+    }
+    return 1;
+  };
+  m_boxes.push_back(box);
+  const std::intptr_t nResult =
+      Run({.nStuckAnswer = DefaultButtonOf(nFlags), .bBox = true}, box.hOwner, {},
+          BoxTemplate(box.sText, box.sCaption, nFlags), procedure, 0);
+  const int nAnswer = static_cast<int>(nResult);
+  // A test may have forgotten the boxes so far while this one was up.
+  if (nBox < m_boxes.size()) m_boxes[nBox].nAnswer = nAnswer;
+  return nAnswer;
+}
+
+std::intptr_t HeadlessPresenter::RunDialog(WindowHandle hOwner, ModuleHandle hModule,
+                                           const DialogTemplate& dialog, DialogProcedure procedure,
+                                           std::intptr_t nInit) {
+  return Run({}, hOwner, hModule, dialog, std::move(procedure), nInit);
+}
+
+std::intptr_t HeadlessPresenter::Run(const Running& begun, WindowHandle hOwner,
+                                     ModuleHandle hModule, const DialogTemplate& dialog,
+                                     DialogProcedure procedure, std::intptr_t nInit) {
+  HeadlessWindows& windows = m_parts.windows;
+  const WindowHandle hOwnerTop = windows.TopLevelOf(hOwner);
+  const bool bOwnerWasDisabled = windows.Enable(hOwnerTop, false);
+  const std::size_t nRun = m_running.size();
+  m_running.push_back(begun);
+
+  // The handler of the first message may already end the dialog, so it must know of the run.
+  const auto known = [this, nRun, handler = std::move(procedure)](
+                         WindowHandle hDialog, std::uint32_t nMessage, std::uint32_t nWord,
+                         std::intptr_t nLong) -> std::intptr_t {
+    if (nRun < m_running.size() && nMessage == kMessageInitDialog) {
+      m_running[nRun].hDialog = hDialog;
+    }
+    if (handler) return handler(hDialog, nMessage, nWord, nLong);
+    return nMessage == kMessageInitDialog ? 1 : 0;
+  };
+  const WindowHandle hDialog = windows.MakeDialog(hOwnerTop, hModule, dialog, known, nInit, true);
+  const bool bMade = hDialog != WindowHandle{};
+  if (bMade) Serve(nRun);
+
+  const Running run = m_running[nRun];
+  m_running.resize(nRun);
+  if (!bOwnerWasDisabled) windows.Enable(hOwnerTop, true);
+  windows.Destroy(hDialog);
+  return bMade || run.bEnded ? run.nResult : -1;
+}
+
+void HeadlessPresenter::Serve(std::size_t nRun) {
+  const WindowHandle hDialog = m_running[nRun].hDialog;
+  int nPatience = kPatience;
+  while (!m_running[nRun].bEnded && m_parts.windows.IsWindow(hDialog)) {
+    WindowMessage message{};
+    bool bTaken = m_parts.queue.Peek(message, true);
+    if (!bTaken && nPatience > 0) {
+      --nPatience;
+      if (AskUser(hDialog)) continue;
+      // A box needs an answer; a dialog may be waiting for its own timer.
+      bTaken = !m_running[nRun].bBox && m_parts.queue.WaitForTimer(message);
+    } else if (bTaken && message.nMessage != kMessageTimer) {
+      nPatience = kPatience;
+    }
+    if (!bTaken || message.nMessage == kMessageQuit) {
+      if (bTaken) m_parts.queue.PostQuit(static_cast<int>(message.nWord));
+      // Nothing can happen here any more. The handler may still have its say.
+      const int nAnswer = m_running[nRun].nStuckAnswer;
+      m_parts.windows.Call(hDialog, kMessageCommand, static_cast<std::uint32_t>(nAnswer),
+                           LongOf(m_parts.windows.Child(hDialog, nAnswer)));
+      EndDialog(hDialog, nAnswer);
+      continue;
+    }
+    if (m_parts.windows.IsDialogMessage(hDialog, message)) continue;
+    m_parts.queue.Translate(message);
+    m_parts.queue.Dispatch(message);
+  }
+}
+
+// True if the user did something: looked around or pressed a button.
+bool HeadlessPresenter::AskUser(WindowHandle hDialog) {
+  if (m_user) {
+    const auto user = m_user;  // it may put another in its place
+    if (user(hDialog)) return true;
+  }
+  if (m_answers.empty()) return false;
+  const int nAnswer = m_answers.front();
+  m_answers.pop_front();
+  m_parts.windows.Click(m_parts.windows.Child(hDialog, nAnswer));
+  return true;
+}
+
+bool HeadlessPresenter::EndDialog(WindowHandle hDialog, std::intptr_t nResult) {
+  if (hDialog == WindowHandle{}) return false;
+  const auto it = std::find_if(m_running.rbegin(), m_running.rend(),
+                               [hDialog](const Running& run) { return run.hDialog == hDialog; });
+  if (it == m_running.rend()) return false;
+  if (it->bEnded) return true;
+  it->bEnded = true;
+  it->nResult = nResult;
+  return true;
+}
+
+WindowHandle HeadlessPresenter::Modal() const {
+  return m_running.empty() ? WindowHandle{} : m_running.back().hDialog;
+}
+
+bool HeadlessPresenter::IsModal(WindowHandle hWindow) const {
+  return std::any_of(m_running.begin(), m_running.end(),
+                     [hWindow](const Running& run) { return run.hDialog == hWindow; });
+}
+
+// The window that stands for the application: its main one, or the active one of a host that has
+// named none.
+WindowHandle HeadlessPresenter::Frame() {
+  const WindowHandle hMain = m_parts.windows.MainWindow();
+  return hMain != WindowHandle{} ? hMain : m_parts.windows.Active();
+}
+
+// Modeless windows are the enabled top-level ones beside that one and the modal dialogs.
+void HeadlessPresenter::DisableModeless() {
+  if (m_nModelessDisabled++ > 0) return;
+  const WindowHandle hFrame = Frame();
+  for (const WindowHandle hWindow : m_parts.windows.TopLevel()) {
+    if (hWindow == hFrame || IsModal(hWindow)) continue;
+    if (!m_parts.windows.Enable(hWindow, false)) m_disabledModeless.push_back(hWindow);
+  }
+}
+
+void HeadlessPresenter::EnableModeless() {
+  if (m_nModelessDisabled == 0 || --m_nModelessDisabled > 0) return;
+  for (const WindowHandle hWindow : std::exchange(m_disabledModeless, {})) {
+    m_parts.windows.Enable(hWindow, true);
+  }
+}
+
+// The modal dialog in front, or else the frame. A main window behind the chosen owner is disabled,
+// since only the owner would be.
+WindowHandle HeadlessPresenter::SafeOwner(WindowHandle& hDisabled) {
+  hDisabled = {};
+  const WindowHandle hOwner = m_parts.windows.IsWindow(Modal()) ? Modal() : Frame();
+  const WindowHandle hMain = m_parts.windows.MainWindow();
+  if (hOwner != hMain && m_parts.windows.IsEnabled(hMain)) {
+    m_parts.windows.Enable(hMain, false);
+    hDisabled = hMain;
+  }
+  return hOwner;
+}
+
+}  // namespace ald
