@@ -25,9 +25,7 @@ class MessagesFixture : public testing::Test {
                           {104, "%%d of %s"},
                           {105, "*|!Topic only"},
                           {106, "Plain"},
-                          {107, "!|Print %d: print now, Print"},
-                          {20315, "@Full"},
-                          {20336, "*Full"}},
+                          {107, "!|Print %d: print now, Print"}},
                          1);
   }
 

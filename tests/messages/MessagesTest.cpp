@@ -38,8 +38,9 @@ TEST_F(FetchedMessage, LosesItsSignsAndSetsTheFlags) {
       {0x4040, MessageByText("@Stop"), "Stop", 0x10},  // signs override all that was passed
       {0, MessageByNumber(100), "|Invalid date", 0x40},
       {0, MessageByNumber(20301), "Not enough Memory to run.", 0x1010},
-      {0, MessageByNumber(20315), "Full", 0x1010},
-      {0, MessageByNumber(20336), "Full", 0x40},  // system-modal only with "@"
+      {0, MessageByNumber(20318), "Error in Windows Initialization.  No printer was installed.",
+       0x10},
+      {0, MessageByNumber(20336), "Not enough memory to print.", 0x40},  // modal only with "@"
       {0x40, MessageByNumber(12345), "<unknown message 12345>", 0x35},
       {0x40, MessageByNumber(0), "<unknown message 0>", 0x35},
   };
@@ -177,7 +178,7 @@ TEST_F(ShownMessage, JoinsLongTextsUntilTheBufferIsFull) {
   const CString sSecond = "?" + CString(600, 'b');
   m_platform.AddModule({{500, sFirst.c_str()}, {501, sSecond.c_str()}, {502, "c"}}, 1);
   VeryLongMessage(0, 500, 503);
-  EXPECT_EQ(LastBox().sText, CString(600, 'a') + CString(423, 'b'));
+  EXPECT_EQ(LastBox().sText, CString(600, 'a') + CString(422, 'b') + "c");
   EXPECT_EQ(LastBox().nFlags, 0x40U);
   VeryLongMessage(0, 65535, MessageArgument{1} << 40);  // ends with the numbers
   EXPECT_EQ(LastBox().sText, "<unknown message 65535>");

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 // The commands of aldtool, one file each. They write to standard output, complain on standard
 // error, and return the exit status of the program.
@@ -13,6 +15,11 @@ inline constexpr int kUnusable = 2;  // nothing could be done; nothing was print
 int RunAmount(const std::string& sTyped);
 int RunCalc(const std::string& sExpression);
 int RunChecks(const std::string& sPath);
+int RunErrorLog(const std::string& sPath);
+// Fills the placeholders with the arguments; the texts of the file, if one is named, come first.
+int RunMessage(std::uint16_t nNumber, const std::vector<std::string>& arguments,
+               const std::string& sTextsPath);
+int RunTexts(const std::string& sPath);
 int RunWhere();
 int RunWords(const std::string& sTyped);
 
