@@ -4,6 +4,7 @@
 #include "aldlib/arith/FixedDecimal.h"
 #include "aldlib/config/Reread.h"
 #include "aldlib/config/internal/ForgetSettings.h"
+#include "aldlib/files/Directories.h"
 #include "aldlib/frame/Alderlib.h"
 #include "aldlib/frame/LibraryState.h"
 #include "aldlib/frame/LibraryStrings.h"
@@ -21,9 +22,6 @@ constexpr std::int16_t kOwnSearchOrder = 9;
 void ReadRegionalSettings() {
   ReReadWinIni();
 }
-
-// Ends every folder search that is still open. There is nothing yet that opens one.
-void CloseOpenSearches() {}
 
 int Load(ModuleHandle hModule) {
   CDecimal::Initialize();
@@ -49,7 +47,7 @@ void Unload(ModuleHandle hModule) {
   ForgetHelpLevels();
   ForgetColours();
   DelMenuIDOwnerTable();
-  CloseOpenSearches();
+  CloseFinds();
   ForgetSettings();
   CloseMessageDoor();
 }

@@ -1,12 +1,11 @@
 #include "aldlib/config/Profile.h"
 
-#include <algorithm>
-#include <filesystem>
 #include <new>
-#include <system_error>
 
+#include "aldlib/files/Directories.h"
 #include "aldlib/platform/Characters.h"
 #include "aldlib/platform/Platform.h"
+#include "aldlib/text/Strings.h"
 
 namespace ald {
 namespace {
@@ -30,15 +29,6 @@ std::int16_t ReadString(const char* szFile, const char* szSection, const char* s
   if (szBuffer == nullptr || nSize < 1) return 0;
   return static_cast<std::int16_t>(CurrentPlatform().profile.ReadString(
       szFile, szSection, szKey, szDefault, szBuffer, static_cast<std::uint32_t>(nSize)));
-}
-
-// The current folder the way the library spells folders: drive C is the root of the file system.
-CString CurrentFolder() {
-  std::error_code error;
-  CString sFolder = std::filesystem::current_path(error).string();
-  std::replace(sFolder.begin(), sFolder.end(), '/', '\\');
-  if (!sFolder.starts_with('\\')) sFolder.insert(0, 1, '\\');
-  return "C:" + sFolder;
 }
 
 }  // namespace
@@ -89,13 +79,17 @@ void GetALWProgramPath(const char* szDefault, CPathNameString* pOutput) {
   if (pOutput != nullptr) *pOutput = sPath;
 }
 
-CPathNameString GetINIFileName() try {
-  CString sName = CurrentFolder();
-  if (!sName.ends_with('\\')) sName += '\\';
-  sName += "Details.ini";
-  return CPathNameString(sName.c_str());
-} catch (const std::bad_alloc&) {
-  return CPathNameString();
+void GetDefaultDataPath(CPathNameString& sPath, bool bAddSeparator) {
+  GetALWProfileString(AlderIniSections::Lib, "DATAPATH", "C:\\ALDERW", sPath, 260);
+  if (bAddSeparator) AddBackSlash(sPath);
+}
+
+CPathNameString GetINIFileName() {
+  CPathNameString sName;
+  GetFullDir(sName);
+  AddBackSlash(sName);
+  sstrcat(sName, "Details.ini", sName.GetSize());
+  return sName;
 }
 
 }  // namespace ald

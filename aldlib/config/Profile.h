@@ -50,6 +50,11 @@ ALDLIB_EXPORT std::uint32_t GetWINProfileInt(const char* szSection, const char* 
 // Reads the program folder, "PROGRAMPATH" of section "Install", at most 259 characters.
 ALDLIB_EXPORT void GetALWProgramPath(const char* szDefault, CPathNameString* pOutput);
 
+// Reads the data folder, "DATAPATH" of section "Lib", at most 259 characters; "C:\ALDERW" if it is
+// not set. With bAddSeparator a backslash follows unless there is one, no text or no room.
+//   DATAPATH=C:\BOOKS -> "C:\BOOKS", or "C:\BOOKS\"        no key -> "C:\ALDERW", or "C:\ALDERW\"
+ALDLIB_EXPORT void GetDefaultDataPath(CPathNameString& sPath, bool bAddSeparator);
+
 // The name of "Details.ini" in the current folder. This is not the product INI file, whose name
 // the product port tells.
 ALDLIB_EXPORT CPathNameString GetINIFileName();

@@ -32,6 +32,9 @@ class ALDLIB_EXPORT Clock {
 
   // Waits. Nothing else happens on the thread meanwhile.
   virtual void Sleep(std::uint32_t nMilliseconds) = 0;
+
+  // Returns the seconds since the start of 1970 in universal time; 0 without a clock.
+  virtual std::int64_t Seconds() = 0;
 };
 
 }  // namespace ald

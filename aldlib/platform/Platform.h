@@ -3,12 +3,14 @@
 #include "aldlib/platform/Clock.h"
 #include "aldlib/platform/Desktop.h"
 #include "aldlib/platform/Export.h"
+#include "aldlib/platform/Files.h"
 #include "aldlib/platform/Locale.h"
 #include "aldlib/platform/Machine.h"
 #include "aldlib/platform/Product.h"
 #include "aldlib/platform/Profile.h"
 #include "aldlib/platform/Registry.h"
 #include "aldlib/platform/Resources.h"
+#include "aldlib/platform/Volumes.h"
 
 namespace ald {
 
@@ -22,6 +24,8 @@ struct Platform {
   Registry& registry;
   Product& product;
   Clock& clock;
+  Files& files;
+  Volumes& volumes;
   Desktop desktop;
 };
 

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "tests/support/FakePlatform.h"
 
 namespace ald {
@@ -100,12 +98,28 @@ TEST(ProgramPath, IsCutAt259Characters) {
 
 TEST(DetailsFile, LiesInTheCurrentFolder) {
   FakePlatform platform;
-  const std::filesystem::path before = std::filesystem::current_path();
-  std::filesystem::current_path("/");
   EXPECT_EQ(GetINIFileName(), "C:\\Details.ini");
-  std::filesystem::current_path("/usr/lib");
-  EXPECT_EQ(GetINIFileName(), "C:\\usr\\lib\\Details.ini");
-  std::filesystem::current_path(before);
+  platform.m_disk.Write("C:\\BOOKS\\CHART.DAT", "");
+  platform.m_disk.ChangeFolder("C:\\BOOKS");
+  EXPECT_EQ(GetINIFileName(), "C:\\BOOKS\\Details.ini");
+}
+
+TEST(DataFolder, IsTheUsualOneUntilItIsSet) {
+  FakePlatform platform;
+  CPathNameString sPath;
+  GetDefaultDataPath(sPath, false);
+  EXPECT_EQ(sPath, "C:\\ALDERW");
+  GetDefaultDataPath(sPath, true);
+  EXPECT_EQ(sPath, "C:\\ALDERW\\");
+  platform.m_profile.m_files["PRODUCT.INI"] = "[Lib]\nDATAPATH=D:\\BOOKS\\";
+  GetDefaultDataPath(sPath, true);
+  EXPECT_EQ(sPath, "D:\\BOOKS\\");
+  platform.m_profile.m_files["PRODUCT.INI"] = "[Lib]\nDATAPATH=";
+  GetDefaultDataPath(sPath, true);
+  EXPECT_EQ(sPath, "");
+  platform.m_profile.m_files["PRODUCT.INI"] = "[Lib]\nDATAPATH=" + CString(300, 'x');
+  GetDefaultDataPath(sPath, true);
+  EXPECT_EQ(sPath, CString(259, 'x')) << "no room for a backslash";
 }
 
 }  // namespace

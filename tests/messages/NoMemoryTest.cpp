@@ -6,6 +6,7 @@
 
 #include "aldlib/frame/MemStore.h"
 #include "aldlib/platform/Platform.h"
+#include "aldlib/text/FixedString.h"
 #include "tests/support/FakePlatform.h"
 
 namespace {
@@ -59,8 +60,14 @@ class OneWindow : public Windows {
     --m_nWindows;
     return true;
   }
-  WindowHandle CreateDialog(WindowHandle, ModuleHandle, const DialogTemplate&, DialogProcedure, std::intptr_t) override { return {}; }
-  std::intptr_t DefaultProcedure(WindowHandle, std::uint32_t, std::uint32_t, std::intptr_t) override { return {}; }
+  WindowHandle CreateDialog(WindowHandle, ModuleHandle, const DialogTemplate&, DialogProcedure,
+                            std::intptr_t) override {
+    return {};
+  }
+  std::intptr_t DefaultProcedure(WindowHandle, std::uint32_t, std::uint32_t,
+                                 std::intptr_t) override {
+    return {};
+  }
   bool SetProcedure(WindowHandle, WindowProcedure) override { return {}; }
   bool IsWindow(WindowHandle) override { return {}; }
   bool IsVisible(WindowHandle) override { return {}; }
@@ -84,7 +91,10 @@ class OneWindow : public Windows {
   Rect ClientRect(WindowHandle) override { return {}; }
   Point ToScreen(WindowHandle, Point) override { return {}; }
   Point ToClient(WindowHandle, Point) override { return {}; }
-  bool Place(WindowHandle, WindowOrder, std::int32_t, std::int32_t, std::int32_t, std::int32_t, std::uint32_t) override { return {}; }
+  bool Place(WindowHandle, WindowOrder, std::int32_t, std::int32_t, std::int32_t, std::int32_t,
+             std::uint32_t) override {
+    return {};
+  }
   bool PlaceAll(std::span<const Move>) override { return {}; }
   bool Show(WindowHandle, std::int16_t) override { return {}; }
   bool Enable(WindowHandle, bool) override { return {}; }
@@ -149,7 +159,17 @@ TEST(MemoryFailure, IsShownWithoutTakingMemory) {
   CountingPresenter presenter;
   const Platform& base = CurrentPlatform();
   const Desktop& desk = base.desktop;
-  Platform platform{PLATFORM_FIELDS};
+  Platform platform{
+      base.resources,
+      base.machine,
+      base.locale,
+      base.profile,
+      base.registry,
+      base.product,
+      base.clock,
+      base.files,
+      base.volumes,
+      Desktop{desk.queue, windows, desk.controls, desk.canvas, desk.menus, presenter, desk.help}};
   MoveToPlatform(&platform);
 
   for (int i = 1; i <= 2; ++i) {

@@ -42,7 +42,8 @@ TEST(PlatformInUse, IsTheInstalledOneUntilTheSystemsOwnComesBack) {
   FakeMachine machine;
   const Platform& system = CurrentPlatform();
   const Platform fake{system.resources, machine,        system.locale, system.profile,
-                      system.registry,  system.product, system.clock,  system.desktop};
+                      system.registry,  system.product, system.clock,  system.files,
+                      system.volumes,   system.desktop};
   InstallPlatform(&fake);
   CurrentPlatform().machine.RaiseDivisionFault();
   InstallPlatform(nullptr);

@@ -44,14 +44,6 @@ TEST(SettingsFolders, FollowTheEnvironment) {
   EXPECT_EQ(MachineSettingsFolder(), "/srv/all");
 }
 
-TEST(SettingsFolders, TakePathsInBothSpellings) {
-  EXPECT_EQ(NativeSettingsPath("C:\\DATA\\TaxInfo.Dat"), "/DATA/TaxInfo.Dat");
-  EXPECT_EQ(NativeSettingsPath("c:DATA"), "/DATA");
-  EXPECT_EQ(NativeSettingsPath("DATA\\A.INI"), "DATA/A.INI");
-  EXPECT_EQ(NativeSettingsPath("/odd/na\\me"), "/odd/na\\me");
-  EXPECT_EQ(NativeSettingsPath(""), "");
-}
-
 TEST(ProductOfTheSystem, AsksTheEnvironmentThenTheHost) {
   const TempFolder folder;
   const ScopedVariable user("ALDLIB_USER_DIR", folder.Path());

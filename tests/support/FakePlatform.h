@@ -14,7 +14,10 @@
 #include "aldlib/frame/MemStore.h"
 #include "aldlib/frame/MessageDoor.h"
 #include "aldlib/platform/IniText.h"
+#include "aldlib/platform/MemoryDisk.h"
+#include "aldlib/platform/MemoryFiles.h"
 #include "aldlib/platform/MemoryRegistry.h"
+#include "aldlib/platform/MemoryVolumes.h"
 #include "aldlib/platform/TableResources.h"
 #include "aldlib/platform/headless/HeadlessDesktop.h"
 
@@ -155,10 +158,12 @@ class FakeClock : public Clock {
     m_sleeps.push_back(nMilliseconds);
     m_nTicks += nMilliseconds;
   }
+  std::int64_t Seconds() override { return m_nSeconds; }
 
   LocalTime m_now{2003, 7, 4, 9, 5, 7, 89};
   std::uint32_t m_nTicks = 0;
   std::vector<std::uint32_t> m_sleeps;
+  std::int64_t m_nSeconds = 1057309507;
 };
 
 // While it lives the library stands on its ports, loaded anew; afterwards on the system's own,
@@ -190,11 +195,14 @@ class FakePlatform {
   MemoryRegistry m_registry;
   FakeProduct m_product;
   FakeClock m_clock;
+  MemoryDisk m_disk;
+  MemoryFiles m_files{m_disk};
+  MemoryVolumes m_volumes{m_disk};
   HeadlessDesktop m_desktop{m_clock};
 
  private:
-  Platform m_platform{m_resources, m_machine, m_locale, m_profile,
-                      m_registry,  m_product, m_clock,  m_desktop.Ports()};
+  Platform m_platform{m_resources, m_machine, m_locale, m_profile, m_registry,
+                      m_product,   m_clock,   m_files,  m_volumes, m_desktop.Ports()};
 };
 
 // While it lives nothing but the plain door is there.

@@ -2,13 +2,13 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <time.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
 #include <new>
 
+#include "aldlib/platform/posix/PathMapper.h"
 #include "aldlib/platform/posix/PosixLocale.h"
 #include "aldlib/platform/posix/SettingsFolders.h"
 
@@ -17,10 +17,6 @@ namespace {
 
 constexpr off_t kLargestFile = 64 << 20;
 constexpr std::size_t kMostFiles = 64;
-
-// File systems stamp changes with a clock that ticks every 10 ms at worst.
-constexpr std::int64_t kTickNanoseconds = 20'000'000;
-constexpr std::int64_t kNanosecondsInSecond = 1'000'000'000;
 
 class Descriptor {
  public:
@@ -97,7 +93,7 @@ std::uint32_t IniProfile::ReadInt(const char* szFile, const char* szSection, con
 }
 
 IniProfile::Layers IniProfile::LayersOf(const char* szFile) try {
-  if (szFile != nullptr) return {FileText(NativeSettingsPath(szFile)), nullptr};
+  if (szFile != nullptr) return {FileText(SystemPaths().Native(szFile)), nullptr};
   return {FileText(SystemProfileFile()), LocaleText()};
 } catch (const std::bad_alloc&) {
   return {};
@@ -109,8 +105,7 @@ std::shared_ptr<const IniText> IniProfile::FileText(const CString& sPath) {
     m_files.erase(sPath);
     return nullptr;
   }
-  const FileState state{status.st_dev, status.st_ino, status.st_size, status.st_ctim.tv_sec,
-                        status.st_ctim.tv_nsec};
+  const FileState state = FileState::Of(status);
   const auto it = m_files.find(sPath);
   if (it != m_files.end() && it->second.bSettled && it->second.state == state) {
     return it->second.pText;
@@ -130,14 +125,8 @@ IniProfile::KeptFile IniProfile::ReadFile(const CString& sPath) {
   CString sText;
   if (!ReadAll(descriptor.Number(), status.st_size, sText)) return file;
   file.pText = std::make_shared<const IniText>(std::move(sText));
-  file.state = {status.st_dev, status.st_ino, status.st_size, status.st_ctim.tv_sec,
-                status.st_ctim.tv_nsec};
-  timespec now{};
-  ::clock_gettime(CLOCK_REALTIME, &now);
-  const std::int64_t nSeconds = now.tv_sec - file.state.nSeconds;
-  const std::int64_t nNanoseconds = now.tv_nsec - file.state.nNanoseconds;
-  file.bSettled = nSeconds > 1 || (nSeconds >= 0 && nSeconds * kNanosecondsInSecond + nNanoseconds >
-                                                        kTickNanoseconds);
+  file.state = FileState::Of(status);
+  file.bSettled = file.state.IsSettled();
   return file;
 }
 

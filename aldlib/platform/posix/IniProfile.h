@@ -7,6 +7,7 @@
 #include "aldlib/platform/Export.h"
 #include "aldlib/platform/IniText.h"
 #include "aldlib/platform/Profile.h"
+#include "aldlib/platform/posix/FileState.h"
 
 namespace ald {
 
@@ -24,15 +25,6 @@ class ALDLIB_EXPORT IniProfile : public Profile {
                         std::int32_t nDefault) override;
 
  private:
-  // What tells one state of a file from another.
-  struct FileState {
-    std::uint64_t nDevice = 0;
-    std::uint64_t nInode = 0;
-    std::int64_t nSize = 0;
-    std::int64_t nSeconds = 0;
-    std::int64_t nNanoseconds = 0;
-    bool operator==(const FileState&) const = default;
-  };
   struct KeptFile {
     FileState state;
     bool bSettled = false;  // a later change cannot bear the same time any more

@@ -37,4 +37,9 @@ void PosixClock::Sleep(std::uint32_t nMilliseconds) {
   }
 }
 
+std::int64_t PosixClock::Seconds() {
+  timespec now{};
+  return ::clock_gettime(CLOCK_REALTIME, &now) == 0 ? now.tv_sec : 0;
+}
+
 }  // namespace ald

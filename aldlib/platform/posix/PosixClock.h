@@ -11,6 +11,7 @@ class ALDLIB_EXPORT PosixClock : public Clock {
   LocalTime Now() override;
   std::uint32_t Ticks() override;
   void Sleep(std::uint32_t nMilliseconds) override;
+  std::int64_t Seconds() override;
 };
 
 }  // namespace ald

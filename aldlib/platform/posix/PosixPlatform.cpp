@@ -4,10 +4,13 @@
 #include "aldlib/platform/internal/NeverDestroyed.h"
 #include "aldlib/platform/internal/SystemPlatform.h"
 #include "aldlib/platform/posix/IniProfile.h"
+#include "aldlib/platform/posix/PathMapper.h"
 #include "aldlib/platform/posix/PosixClock.h"
+#include "aldlib/platform/posix/PosixFiles.h"
 #include "aldlib/platform/posix/PosixLocale.h"
 #include "aldlib/platform/posix/PosixMachine.h"
 #include "aldlib/platform/posix/PosixProduct.h"
+#include "aldlib/platform/posix/PosixVolumes.h"
 #include "aldlib/platform/posix/SettingsFolders.h"
 #include "aldlib/platform/posix/SqliteRegistry.h"
 
@@ -15,6 +18,7 @@ namespace ald {
 namespace {
 
 struct Ports {
+  PathMapper paths;
   TableResources resources;
   PosixMachine machine;
   IniProfile profile;
@@ -26,8 +30,11 @@ struct Ports {
 #endif
   PosixProduct product;
   PosixClock clock;
+  PosixFiles files{paths};
+  PosixVolumes volumes{paths};
   HeadlessDesktop desktop{clock};
-  Platform platform{resources, machine, locale, profile, registry, product, clock, desktop.Ports()};
+  Platform platform{resources, machine, locale, profile, registry,
+                    product,   clock,   files,  volumes, desktop.Ports()};
 };
 
 Ports& SystemPorts() {
@@ -39,6 +46,10 @@ Ports& SystemPorts() {
 
 const Platform& SystemPlatform() {
   return SystemPorts().platform;
+}
+
+PathMapper& SystemPaths() {
+  return SystemPorts().paths;
 }
 
 PosixProduct& SystemProduct() {

@@ -7,8 +7,6 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "aldlib/platform/Characters.h"
-
 namespace ald {
 namespace {
 
@@ -78,17 +76,6 @@ CString ProductIniFile(std::string_view sFileName) {
   struct stat status {};
   if (!sFile.empty() && ::stat(sFile.c_str(), &status) == 0) return sFile;
   return Joined(MachineSettingsFolder(), sFileName);
-}
-
-CString NativeSettingsPath(std::string_view sPath) {
-  const bool bDrive = sPath.size() >= 2 && sPath[1] == ':' && ToUpperAscii(sPath[0]) >= 'A' &&
-                      ToUpperAscii(sPath[0]) <= 'Z';
-  if (!bDrive && sPath.find('/') != std::string_view::npos) return CString(sPath);
-  if (bDrive) sPath.remove_prefix(2);
-  CString sNative(sPath);
-  std::replace(sNative.begin(), sNative.end(), '\\', '/');
-  if (bDrive && !sNative.starts_with('/')) sNative.insert(0, 1, '/');
-  return sNative;
 }
 
 }  // namespace ald

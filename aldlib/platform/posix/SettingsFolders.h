@@ -35,9 +35,4 @@ ALDLIB_EXPORT CString MachinePreferencesFile();
 // there, or else the one in the machine's folder.
 ALDLIB_EXPORT CString ProductIniFile(std::string_view sFileName);
 
-// The native spelling of a path. A path with a drive letter counts from the root folder, whatever
-// the letter, and its backslashes become slashes; so do those of a path without any slash.
-//   "C:\DATA\TaxInfo.Dat" -> "/DATA/TaxInfo.Dat"     "/etc/hosts" -> "/etc/hosts"
-ALDLIB_EXPORT CString NativeSettingsPath(std::string_view sPath);
-
 }  // namespace ald

@@ -1,0 +1,250 @@
+#include "aldlib/platform/posix/PathMapper.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+
+#include "aldlib/platform/Characters.h"
+#include "aldlib/platform/internal/PathText.h"
+
+namespace ald {
+namespace {
+
+constexpr std::size_t kMostFolders = 64;
+
+bool IsThere(const CString& sPath) {
+  struct stat status {};
+  return ::lstat(sPath.c_str(), &status) == 0;
+}
+
+// True if a name on the way is missing, as against one that may not be looked at.
+bool IsMissing(const CString& sPath) {
+  return !IsThere(sPath) && (errno == ENOENT || errno == ENOTDIR);
+}
+
+CString ProcessFolder() {
+  char szFolder[PATH_MAX];
+  return ::getcwd(szFolder, sizeof szFolder) != nullptr && *szFolder == '/' ? szFolder : "";
+}
+
+// The folder, and what lies in it.
+bool LiesIn(std::string_view sPath, std::string_view sFolder) {
+  if (sFolder == "/") return sPath.starts_with('/');
+  return sPath.starts_with(sFolder) &&
+         (sPath.size() == sFolder.size() || sPath[sFolder.size()] == '/');
+}
+
+std::string_view WithoutSlashes(std::string_view sFolder) {
+  while (sFolder.size() > 1 && sFolder.back() == '/') sFolder.remove_suffix(1);
+  return sFolder;
+}
+
+void AddElement(CString& sPath, std::string_view sElement) {
+  if (!sPath.empty() && sPath.back() != '/') sPath += '/';
+  sPath += sElement;
+}
+
+}  // namespace
+
+CString PathMapper::Native(std::string_view sPath) {
+  if (sPath.empty()) return {};
+  if (HasDrive(sPath)) {
+    Drive* const pDrive = Find(sPath[0]);
+    if (pDrive == nullptr) return {};
+    const std::string_view sRest = sPath.substr(2);
+    if (!sRest.empty() && IsSeparator(sRest[0])) {
+      return LookedUp(pDrive->sFolder, sRest);
+    }
+    const CString sFolder = CurrentFolder(sPath[0]);
+    if (sFolder.empty()) return {};
+    return LookedUp(pDrive->sFolder, sFolder.substr(2) + '\\' + CString(sRest));
+  }
+  if (sPath.find('\\') == std::string_view::npos) {
+    // A bare name is in both spellings what it is.
+    if (sPath.find('/') != std::string_view::npos) return CString(sPath);
+    return LookedUp({}, sPath);
+  }
+  if (IsSharePath(sPath)) return {};
+  if (sPath[0] == '\\') {
+    Drive* const pDrive = Find(CurrentDrive());
+    return pDrive != nullptr ? LookedUp(pDrive->sFolder, sPath) : CString();
+  }
+  if (sPath[0] != '/') return LookedUp({}, sPath);
+  // A backslash is a letter like any other in a native name, though hardly ever meant so.
+  CString sNative(sPath);
+  return IsThere(sNative) ? sNative : LookedUp("/", sPath);
+}
+
+// Elements below a native folder; below the current one if it is empty.
+CString PathMapper::LookedUp(CString sBase, std::string_view sElements) {
+  const bool bFolder = !sElements.empty() && IsSeparator(sElements.back());
+  const std::vector<std::string_view> elements = ElementsOf(sElements, !sBase.empty());
+  std::vector<std::size_t> ends{sBase.size()};  // of the path that has so many of the elements
+  CString sPath = std::move(sBase);
+  for (const std::string_view sElement : elements) {
+    AddElement(sPath, sElement);
+    ends.push_back(sPath.size());
+  }
+  if (elements.empty()) return sPath.empty() ? "." : sPath;
+
+  // Looked at from the end, since all of it or all but the last is mostly spelled as it is there.
+  std::size_t nExact = elements.size();
+  CString sFound = sPath;
+  while (nExact > 0 && IsMissing(sFound)) sFound.resize(ends[--nExact]);
+  if (nExact < elements.size() && FindOtherCase(sFound, elements[nExact])) {
+    ++nExact;
+    while (nExact < elements.size() && FindName(sFound, elements[nExact])) ++nExact;
+  }
+  for (; nExact < elements.size(); ++nExact) AddElement(sFound, elements[nExact]);
+  if (bFolder && sFound.back() != '/') sFound += '/';
+  return sFound;
+}
+
+// Adds the name to the folder's path in the spelling found there; adds nothing if it is not there.
+bool PathMapper::FindName(CString& sFolder, std::string_view sName) {
+  const std::size_t nFolder = sFolder.size();
+  AddElement(sFolder, sName);
+  if (!IsMissing(sFolder)) return true;
+  sFolder.resize(nFolder);
+  return FindOtherCase(sFolder, sName);
+}
+
+bool PathMapper::FindOtherCase(CString& sFolder, std::string_view sName) {
+  if (m_folders.size() >= kMostFolders && !m_folders.contains(sFolder)) m_folders.clear();
+  FolderIndex& index = m_folders[sFolder];
+  const CString sScanned = sFolder.empty() ? "." : sFolder;
+  // Again if the name has gone, which a file system whose change times are not to be trusted hides.
+  for (int i = 0; i < 2 && index.Refresh(sScanned); ++i) {
+    const std::string_view sFound = index.Find(sName);
+    if (sFound.empty()) return false;
+    const std::size_t nFolder = sFolder.size();
+    AddElement(sFolder, sFound);
+    if (IsThere(sFolder)) return true;
+    sFolder.resize(nFolder);
+    index.Forget();
+  }
+  return false;
+}
+
+CString PathMapper::Spelled(std::string_view sNative, char chPreferred) {
+  if (sNative.find('\\') != std::string_view::npos) return {};
+  CString sSpelled;
+  if (sNative.starts_with('/')) {
+    sNative = WithoutSlashes(sNative);
+    Drive* pDrive = chPreferred != '\0' ? Find(chPreferred) : nullptr;
+    ReadEnvironment();
+    if (pDrive == nullptr || !LiesIn(sNative, pDrive->sFolder)) {
+      pDrive = nullptr;
+      for (Drive& drive : m_drives) {
+        if (drive.sFolder.empty() || !LiesIn(sNative, drive.sFolder)) continue;
+        if (pDrive == nullptr || drive.sFolder.size() > pDrive->sFolder.size()) pDrive = &drive;
+      }
+    }
+    if (pDrive == nullptr) return {};
+    sSpelled = {static_cast<char>('A' + (pDrive - m_drives)), ':'};
+    sNative.remove_prefix(pDrive->sFolder == "/" ? 0 : pDrive->sFolder.size());
+    if (!sNative.starts_with('/')) sSpelled += '\\';
+  }
+  sSpelled += sNative;
+  std::replace(sSpelled.begin(), sSpelled.end(), '/', '\\');
+  return sSpelled;
+}
+
+bool PathMapper::SetDrive(char chDrive, std::string_view sFolder) {
+  if (!IsDriveLetter(chDrive) || (!sFolder.empty() && sFolder[0] != '/')) return false;
+  ReadEnvironment();
+  Drive& drive = m_drives[DriveIndex(chDrive)];
+  drive.sSet = WithoutSlashes(sFolder);
+  drive.sCurrent.clear();
+  SettleDrives();
+  return true;
+}
+
+CString PathMapper::DriveFolder(char chDrive) {
+  const Drive* const pDrive = Find(chDrive);
+  return pDrive != nullptr ? pDrive->sFolder : CString();
+}
+
+PathMapper::Drive* PathMapper::Find(char chDrive) {
+  if (!IsDriveLetter(chDrive)) return nullptr;
+  ReadEnvironment();
+  Drive& drive = m_drives[DriveIndex(chDrive)];
+  return drive.sFolder.empty() ? nullptr : &drive;
+}
+
+void PathMapper::ReadEnvironment() {
+  const char* const szVariable = std::getenv(kDrivesVariable);
+  std::string_view sRest(szVariable != nullptr ? szVariable : "");
+  if (m_bRead && sRest == m_sVariable) return;
+  m_sVariable = sRest;
+  m_bRead = true;
+  for (Drive& drive : m_drives) drive.sEnvironment.clear();
+  while (!sRest.empty()) {
+    const std::size_t nEnd = std::min(sRest.find(';'), sRest.size());
+    const std::string_view sEntry = sRest.substr(0, nEnd);
+    sRest.remove_prefix(std::min(nEnd + 1, sRest.size()));
+    if (sEntry.size() > 2 && IsDriveLetter(sEntry[0]) && sEntry[1] == '=' && sEntry[2] == '/') {
+      m_drives[DriveIndex(sEntry[0])].sEnvironment = WithoutSlashes(sEntry.substr(2));
+    }
+  }
+  SettleDrives();
+}
+
+void PathMapper::SettleDrives() {
+  bool bRoot = false;
+  for (Drive& drive : m_drives) {
+    drive.sFolder = drive.sSet.empty() ? drive.sEnvironment : drive.sSet;
+    bRoot = bRoot || drive.sFolder == "/";
+  }
+  CString& sUsual = m_drives[DriveIndex('C')].sFolder;
+  if (sUsual.empty()) {
+    sUsual = "/";
+  } else if (CString& sLast = m_drives[DriveIndex('Z')].sFolder; !bRoot && sLast.empty()) {
+    sLast = "/";
+  }
+}
+
+char PathMapper::CurrentDrive() {
+  const CString sFolder = Spelled(ProcessFolder(), m_chCurrent);
+  if (!sFolder.empty()) return sFolder[0];
+  return m_chCurrent != '\0' && Find(m_chCurrent) != nullptr ? m_chCurrent : 'C';
+}
+
+// Makes a native folder that lies on the drive the process's, and remembers the one that was.
+bool PathMapper::Enter(char chDrive, const CString& sNative) {
+  const char chBefore = CurrentDrive();
+  CString sBefore = ProcessFolder();
+  if (sNative.empty() || ::chdir(sNative.c_str()) != 0) return false;
+  if (Drive* const pBefore = Find(chBefore)) pBefore->sCurrent.swap(sBefore);
+  m_chCurrent = chDrive;
+  return true;
+}
+
+bool PathMapper::ChangeDrive(char chDrive) {
+  const Drive* const pDrive = Find(chDrive);
+  if (pDrive == nullptr) return false;
+  const char chAfter = ToUpperAscii(chDrive);
+  if (chAfter == CurrentDrive()) {
+    m_chCurrent = chAfter;
+    return true;
+  }
+  return Enter(chAfter, CString(pDrive->sCurrent.empty() ? pDrive->sFolder : pDrive->sCurrent));
+}
+
+CString PathMapper::CurrentFolder(char chDrive) {
+  const Drive* const pDrive = Find(chDrive);
+  if (pDrive == nullptr) return {};
+  const char chUpper = ToUpperAscii(chDrive);
+  if (chUpper == CurrentDrive()) return Spelled(ProcessFolder(), chUpper);
+  return Spelled(pDrive->sCurrent.empty() ? pDrive->sFolder : pDrive->sCurrent, chUpper);
+}
+
+bool PathMapper::ChangeFolder(std::string_view sPath) {
+  return Enter(HasDrive(sPath) ? ToUpperAscii(sPath[0]) : CurrentDrive(), Native(sPath));
+}
+
+}  // namespace ald

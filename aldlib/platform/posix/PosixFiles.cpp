@@ -1,0 +1,327 @@
+#include "aldlib/platform/posix/PosixFiles.h"
+
+#include <stdio.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <mutex>
+#include <new>
+#include <vector>
+
+#include "aldlib/platform/internal/FileTable.h"
+#include "aldlib/platform/internal/PathText.h"
+#include "aldlib/platform/posix/ClassicError.h"
+#include "aldlib/platform/posix/Descriptor.h"
+#include "aldlib/platform/posix/FileLocks.h"
+#include "aldlib/platform/posix/PathMapper.h"
+
+namespace ald {
+
+struct PosixFiles::OpenFile {
+  Descriptor descriptor;
+  FileAccess eAccess = FileAccess::Read;
+  bool bLocks = false;   // sharing and ranges hold here
+  bool bOthers = false;  // and others may have the file open, so ranges of theirs are to be minded
+  std::mutex mutex;
+  std::vector<FileRange> ranges;
+};
+
+struct PosixFiles::State {
+  explicit State(PathMapper& thePaths) : paths(thePaths) {}
+
+  CString Native(const char* szPath) {
+    if (szPath == nullptr) return {};
+    const std::lock_guard guard(mutex);
+    return paths.Native(szPath);
+  }
+
+  PathMapper& paths;
+  std::mutex mutex;  // over the mapper, which keeps what it has read of folders
+  FileTable<OpenFile> table;
+};
+
+namespace {
+
+// How often an open begins again because its file lost its name in the meantime.
+constexpr int kOpenTries = 50;
+
+bool IsReadOnly(const struct stat& status) {
+  return S_ISREG(status.st_mode) && (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
+}
+
+bool IsFolder(const CString& sNative) {
+  struct stat status {};
+  return ::stat(sNative.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+// The error of a call on a path, which alone can tell a missing folder from a missing file.
+std::uint32_t PathError(const CString& sNative, int nErrno) {
+  const CString sFolder(SplitPath(sNative).sFolder);
+  if (nErrno == ENOENT && !sFolder.empty() && !IsFolder(sFolder)) return kPathNotFound;
+  return ClassicError(nErrno);
+}
+
+struct Opened {
+  Descriptor descriptor;
+  struct stat status {};
+  bool bCreated = false;
+  bool bLocks = false;
+};
+
+bool IsSameFile(int nDescriptor, const CString& sNative) {
+  struct stat open {};
+  struct stat named {};
+  return ::fstat(nDescriptor, &open) == 0 && ::stat(sNative.c_str(), &named) == 0 &&
+         open.st_dev == named.st_dev && open.st_ino == named.st_ino;
+}
+
+// Never truncates: nobody has been asked yet. What is to be written is opened for reading as well,
+// since the marks of sharing need that. Not to wait for the other end of a pipe, O_NONBLOCK.
+std::uint32_t OpenDescriptor(const CString& sNative, FileAccess eAccess,
+                             FileDisposition eDisposition, Opened& opened) {
+  const int nFlags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK | (Writes(eAccess) ? O_RDWR : O_RDONLY);
+  const auto open = [&](int nMore) {
+    opened.bCreated = (nMore & O_CREAT) != 0;
+    opened.descriptor =
+        Descriptor(Uninterrupted([&] { return ::open(sNative.c_str(), nFlags | nMore, 0666); }));
+    return opened.descriptor.IsOpen();
+  };
+  bool bOpen = eDisposition != FileDisposition::CreateNew && open(0);
+  if (!bOpen && (eDisposition == FileDisposition::CreateNew ||
+                 (eDisposition != FileDisposition::OpenExisting && errno == ENOENT))) {
+    bOpen = open(O_CREAT | O_EXCL);
+  }
+  if (!bOpen) return PathError(sNative, errno);
+  if (::fstat(opened.descriptor.get(), &opened.status) != 0) return ClassicError(errno);
+  if (S_ISDIR(opened.status.st_mode)) return kAccessDenied;
+  if (Writes(eAccess) && !opened.bCreated && IsReadOnly(opened.status)) return kAccessDenied;
+  return kNoSystemError;
+}
+
+// Opens the file that bears the name when all is done. Between the opening and the granting of
+// sharing its name can be removed or given to another file: whoever deletes holds the file alone
+// until the name is gone, so a look at the name after the grant is enough, and the open begins
+// again if it leads elsewhere.
+std::uint32_t OpenNamed(const CString& sNative, FileAccess eAccess, FileSharing eSharing,
+                        FileDisposition eDisposition, Opened& opened) {
+  std::uint32_t nError = kSharingViolation;
+  for (int nTry = 0; nTry < kOpenTries; ++nTry) {
+    opened = Opened{};
+    nError = OpenDescriptor(sNative, eAccess, eDisposition, opened);
+    // It was not there, and then it was: somebody else makes it too.
+    if (nError == kFileExists && eDisposition != FileDisposition::CreateNew) continue;
+    if (nError != kNoSystemError) break;
+    if (!S_ISREG(opened.status.st_mode)) {
+      ::fcntl(opened.descriptor.get(), F_SETFL, 0);
+      return kNoSystemError;
+    }
+    nError = HoldSharing(opened.descriptor.get(), eAccess, eSharing);
+    opened.bLocks = nError == kNoSystemError;
+    if (nError == kInvalidFunction) nError = kNoSystemError;
+    if (nError == kSharingViolation && !IsSameFile(opened.descriptor.get(), sNative)) continue;
+    if (nError != kNoSystemError) break;
+    if (IsSameFile(opened.descriptor.get(), sNative)) return kNoSystemError;
+    nError = kSharingViolation;
+  }
+  opened = Opened{};
+  return nError;
+}
+
+}  // namespace
+
+PosixFiles::PosixFiles(PathMapper& paths) : m_pState(std::make_unique<State>(paths)) {}
+
+PosixFiles::~PosixFiles() = default;
+
+std::uint32_t PosixFiles::Open(const char* szPath, FileAccess eAccess, FileSharing eSharing,
+                               FileDisposition eDisposition, FileHandle& hFile) try {
+  hFile = FileHandle{};
+  const CString sNative = m_pState->Native(szPath);
+  if (sNative.empty()) return kPathNotFound;
+  const auto pFile = std::make_shared<OpenFile>();
+  Opened opened;
+  if (const std::uint32_t nError = OpenNamed(sNative, eAccess, eSharing, eDisposition, opened))
+    return nError;
+  if (eDisposition == FileDisposition::CreateAlways && opened.status.st_size != 0 &&
+      Uninterrupted([&] { return ::ftruncate(opened.descriptor.get(), 0); }) != 0) {
+    return ClassicError(errno);
+  }
+  pFile->descriptor = std::move(opened.descriptor);
+  pFile->eAccess = eAccess;
+  pFile->bLocks = opened.bLocks;
+  pFile->bOthers = opened.bLocks && eSharing != FileSharing::None;
+  hFile = m_pState->table.Add(pFile);
+  return hFile != FileHandle{} ? kNoSystemError : kTooManyOpenFiles;
+} catch (const std::bad_alloc&) {
+  return kNotEnoughMemory;
+}
+
+std::uint32_t PosixFiles::Close(FileHandle hFile) {
+  auto pFile = m_pState->table.Remove(hFile);
+  if (pFile == nullptr) return kInvalidHandle;
+  return pFile.use_count() == 1 ? ClassicError(pFile->descriptor.Close()) : kNoSystemError;
+}
+
+std::uint32_t PosixFiles::Duplicate(FileHandle hFile, FileHandle& hCopy) try {
+  hCopy = FileHandle{};
+  auto pFile = m_pState->table.Find(hFile);
+  if (pFile == nullptr) return kInvalidHandle;
+  hCopy = m_pState->table.Add(std::move(pFile));
+  return hCopy != FileHandle{} ? kNoSystemError : kTooManyOpenFiles;
+} catch (const std::bad_alloc&) {
+  return kNotEnoughMemory;
+}
+
+std::uint32_t PosixFiles::Read(FileHandle hFile, void* pBuffer, std::uint32_t nBytes,
+                               std::uint32_t& nMoved) {
+  nMoved = 0;
+  const auto pFile = m_pState->table.Find(hFile);
+  if (pFile == nullptr) return kInvalidHandle;
+  if (pBuffer == nullptr) return kInvalidParameter;
+  if (!Reads(pFile->eAccess)) return kAccessDenied;
+  const int nDescriptor = pFile->descriptor.get();
+  if (pFile->bOthers && IsHeldByOther(nDescriptor, nBytes)) return kLockViolation;
+  const ssize_t nRead = Uninterrupted([&] { return ::read(nDescriptor, pBuffer, nBytes); });
+  if (nRead < 0) return ClassicError(errno);
+  nMoved = static_cast<std::uint32_t>(nRead);
+  return kNoSystemError;
+}
+
+std::uint32_t PosixFiles::Write(FileHandle hFile, const void* pBuffer, std::uint32_t nBytes,
+                                std::uint32_t& nMoved) {
+  nMoved = 0;
+  const auto pFile = m_pState->table.Find(hFile);
+  if (pFile == nullptr) return kInvalidHandle;
+  if (pBuffer == nullptr) return kInvalidParameter;
+  if (!Writes(pFile->eAccess)) return kAccessDenied;
+  const int nDescriptor = pFile->descriptor.get();
+  if (pFile->bOthers && IsHeldByOther(nDescriptor, nBytes)) return kLockViolation;
+  const ssize_t nWritten = Uninterrupted([&] { return ::write(nDescriptor, pBuffer, nBytes); });
+  if (nWritten < 0) {
+    const std::uint32_t nError = ClassicError(errno);
+    return nError == kDiskFull ? kNoSystemError : nError;
+  }
+  nMoved = static_cast<std::uint32_t>(nWritten);
+  return kNoSystemError;
+}
+
+std::uint32_t PosixFiles::Seek(FileHandle hFile, std::int64_t nOffset, SeekFrom eFrom,
+                               std::int64_t& nPosition) {
+  nPosition = 0;
+  const auto pFile = m_pState->table.Find(hFile);
+  if (pFile == nullptr) return kInvalidHandle;
+  constexpr int kWhence[] = {SEEK_SET, SEEK_CUR, SEEK_END};
+  const off_t nNow =
+      ::lseek(pFile->descriptor.get(), nOffset, kWhence[static_cast<unsigned>(eFrom)]);
+  if (nNow < 0) return errno == EINVAL ? std::uint32_t{kBadPosition} : ClassicError(errno);
+  nPosition = nNow;
+  return kNoSystemError;
+}
+
+std::uint32_t PosixFiles::Commit(FileHandle hFile) {
+  const auto pFile = m_pState->table.Find(hFile);
+  if (pFile == nullptr) return kInvalidHandle;
+  if (Uninterrupted([&] { return ::fsync(pFile->descriptor.get()); }) == 0) return kNoSystemError;
+  // Devices and pipes keep nothing back.
+  return errno == EINVAL || errno == EROFS ? std::uint32_t{kNoSystemError} : ClassicError(errno);
+}
+
+std::uint32_t PosixFiles::Lock(FileHandle hFile, std::int64_t nStart, std::int64_t nLength) try {
+  const auto pFile = m_pState->table.Find(hFile);
+  if (pFile == nullptr) return kInvalidHandle;
+  if (!IsGoodRange(nStart, nLength)) return kInvalidParameter;
+  if (!pFile->bLocks) return kInvalidFunction;
+  const FileRange range{nStart, nLength};
+  const std::lock_guard guard(pFile->mutex);
+  // The kernel would let an open lock its own bytes again, and one unlocking free both.
+  for (const FileRange& own : pFile->ranges) {
+    if (range.Meets(own)) return kLockViolation;
+  }
+  pFile->ranges.reserve(pFile->ranges.size() + 1);
+  const std::uint32_t nError =
+      HoldRange(pFile->descriptor.get(), Writes(pFile->eAccess), nStart, nLength);
+  if (nError == kNoSystemError) pFile->ranges.push_back(range);
+  return nError;
+} catch (const std::bad_alloc&) {
+  return kNotEnoughMemory;
+}
+
+std::uint32_t PosixFiles::Unlock(FileHandle hFile, std::int64_t nStart, std::int64_t nLength) {
+  const auto pFile = m_pState->table.Find(hFile);
+  if (pFile == nullptr) return kInvalidHandle;
+  const std::lock_guard guard(pFile->mutex);
+  const auto it = std::find(pFile->ranges.begin(), pFile->ranges.end(), FileRange{nStart, nLength});
+  if (it == pFile->ranges.end()) return kNotLocked;
+  ReleaseRange(pFile->descriptor.get(), nStart, nLength);
+  pFile->ranges.erase(it);
+  return kNoSystemError;
+}
+
+bool PosixFiles::IsNamed(FileHandle hFile, const char* szPath) {
+  const auto pFile = m_pState->table.Find(hFile);
+  return pFile != nullptr && IsSameFile(pFile->descriptor.get(), m_pState->Native(szPath));
+}
+
+std::uint32_t PosixFiles::Delete(const char* szPath) {
+  const CString sNative = m_pState->Native(szPath);
+  if (sNative.empty()) return kPathNotFound;
+  struct stat status {};
+  if (::lstat(sNative.c_str(), &status) != 0) return PathError(sNative, errno);
+  if (S_ISDIR(status.st_mode) || IsReadOnly(status)) return kAccessDenied;
+  // A link is a name like any other, but for one that leads nowhere: there is nothing to hold.
+  Opened opened;
+  if (S_ISREG(status.st_mode) ||
+      (S_ISLNK(status.st_mode) && ::stat(sNative.c_str(), &status) == 0)) {
+    if (const std::uint32_t nError = OpenNamed(sNative, FileAccess::Read, FileSharing::None,
+                                               FileDisposition::OpenExisting, opened))
+      return nError;
+  }
+  return ::unlink(sNative.c_str()) == 0 ? std::uint32_t{kNoSystemError} : PathError(sNative, errno);
+}
+
+std::uint32_t PosixFiles::Rename(const char* szFrom, const char* szTo) {
+  const CString sFrom = m_pState->Native(szFrom);
+  CString sTo = m_pState->Native(szTo);
+  if (sFrom.empty() || sTo.empty()) return kPathNotFound;
+  struct stat status {};
+  if (::lstat(sFrom.c_str(), &status) != 0) return PathError(sFrom, errno);
+  Opened opened;
+  if (S_ISREG(status.st_mode)) {
+    if (const std::uint32_t nError = OpenNamed(sFrom, FileAccess::Read, FileSharing::None,
+                                               FileDisposition::OpenExisting, opened))
+      return nError;
+  }
+  // Both names lead to the one file that is there: only the case of its name is to change.
+  if (sFrom == sTo) sTo = CString(SplitPath(sTo).sFolder).append(SplitPath(szTo).sName);
+  if (sFrom == sTo) return kNoSystemError;
+  if (::renameat2(AT_FDCWD, sFrom.c_str(), AT_FDCWD, sTo.c_str(), RENAME_NOREPLACE) == 0)
+    return kNoSystemError;
+  if (errno != EINVAL && errno != ENOSYS) return PathError(sTo, errno);
+  // A file system that cannot refuse to replace. Another's file of the same moment could be lost.
+  if (::lstat(sTo.c_str(), &status) == 0) return kFileExists;
+  return ::rename(sFrom.c_str(), sTo.c_str()) == 0 ? std::uint32_t{kNoSystemError}
+                                                   : PathError(sTo, errno);
+}
+
+bool PosixFiles::Exists(const char* szPath) {
+  const CString sNative = m_pState->Native(szPath);
+  struct stat status {};
+  return !sNative.empty() && ::stat(sNative.c_str(), &status) == 0;
+}
+
+std::uint32_t PosixFiles::MakeWritable(const char* szPath) {
+  const CString sNative = m_pState->Native(szPath);
+  if (sNative.empty()) return kPathNotFound;
+  struct stat status {};
+  if (::stat(sNative.c_str(), &status) != 0) return PathError(sNative, errno);
+  if ((status.st_mode & S_IWUSR) != 0) return kNoSystemError;
+  return ::chmod(sNative.c_str(), (status.st_mode & 07777) | S_IWUSR) == 0
+             ? std::uint32_t{kNoSystemError}
+             : ClassicError(errno);
+}
+
+std::size_t PosixFiles::OpenHandles() const {
+  return m_pState->table.Size();
+}
+
+}  // namespace ald
