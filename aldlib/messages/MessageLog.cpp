@@ -76,11 +76,10 @@ class OpenLog {
     if (m_bOpen) Close(&m_file);
   }
 
-  // False if it is not open or cannot be read: what cannot be read is not written over.
+  // False if it is not open or cannot be read: what cannot be read is not written over. A log that
+  // was just made is read too, since bCreated is also set where a former one was hard to open.
   bool Read(char* pBytes, std::size_t& nRead) {
-    nRead = 0;
-    if (!m_bOpen || m_file.bCreated != 0) return m_bOpen;
-    const bool bRead = ReadBlock(&m_file, kLogSize, pBytes);
+    const bool bRead = m_bOpen && ReadBlock(&m_file, kLogSize, pBytes);
     nRead = m_file.nTransferred;
     return bRead;
   }
@@ -89,6 +88,9 @@ class OpenLog {
   // other, and whatever a failing disk leaves is read as far as it goes.
   void Write(const char* pBytes) {
     SetPos(&m_file, 0);
+    std::int32_t nPosition = -1;
+    GetPos(&m_file, &nPosition);  // a move that fails is not told in another way
+    if (nPosition != 0) return;
     WriteBlock(&m_file, kLogSize, pBytes);
   }
 
@@ -155,7 +157,9 @@ bool ReadMessageLog(std::string_view bytes, std::vector<LoggedMessage>& messages
     bytes.remove_prefix(sRecord.size());
     if (sUnused.starts_with(sRecord)) continue;  // a cut one among them
     LoggedMessage logged{};
-    if (sRecord.size() < kTextStart) return ReadNumber(sRecord, logged.nNumber);
+    if (sRecord.size() < kTextStart) {
+      return ReadNumber(sRecord.substr(0, kNumberWidth), logged.nNumber);
+    }
     const std::string_view sEnd = sRecord.substr(std::min(kTextEnd, sRecord.size()));
     if (!kUsedEnd.starts_with(sEnd) ||
         !ReadNumber(sRecord.substr(0, kNumberWidth), logged.nNumber)) {

@@ -102,15 +102,43 @@ TEST_F(MemoryLog, HoldsTheLastFiftyMessagesNewestFirst) {
 TEST_F(MemoryLog, IsNotWrittenWithoutMemoryOrARecordOrRoomForItsPath) {
   FailAllocation(1);
   SaveTheMessage(1, "lost");
+  const CString sNoMemory = "20301  Not enough Memory to run.";  // the store's own message
   AlderLibDataType* const pRecord = std::exchange(MyAlderLibDataPtr, nullptr);
   SaveTheMessage(2, "lost");
   MyAlderLibDataPtr = pRecord;
   std::fill_n(MyAlderLibDataPtr->szDataPath, 259, 'p');
   SaveTheMessage(3, "lost");
   std::fill_n(MyAlderLibDataPtr->szDataPath, 260, '\0');
-  EXPECT_EQ(LogBytes(), "");
+  EXPECT_EQ(LogBytes(), LogOf({sNoMemory}));
   SaveTheMessage(4, nullptr);
-  EXPECT_EQ(LogBytes(), LogOf({"    4"}));
+  EXPECT_EQ(LogBytes(), LogOf({"    4", sNoMemory}));
+}
+
+TEST_F(MemoryLog, TakesWhatFitsOnAFullDisk) {
+  m_platform.m_disk.AddDrive('C', 1000);
+  SaveTheMessage(1, "one");
+  SaveTheMessage(2, "two");
+  EXPECT_EQ(LogBytes(), LogOf({"    2  two", "    1  one"}).substr(0, 1000));
+  EXPECT_EQ(Logged().size(), 2U);
+}
+
+TEST_F(MemoryLog, LosesNothingWhicheverStepFails) {
+  const CString sBefore = LogOf({"    1  one"});
+  const CString sAfter = LogOf({"    2  two", "    1  one"});
+  int nFailed = 0;
+  for (int nCall = 1;; ++nCall) {
+    m_platform.m_disk.Write("C:\\ERRORLOG.TXT", sBefore);
+    m_platform.m_files.FailCall(nCall);
+    SaveTheMessage(2, "two");
+    EXPECT_EQ(m_platform.m_files.OpenHandles(), 0U) << nCall;
+    const bool bFailed = m_platform.m_files.HasFailed();
+    m_platform.m_files.FailCall(0);
+    const CString sLog = LogBytes();
+    EXPECT_TRUE(sLog == sAfter || (bFailed && sLog == sBefore)) << nCall;
+    if (!bFailed) break;
+    ++nFailed;
+  }
+  EXPECT_GE(nFailed, 4);  // open, read, write, close at least
 }
 
 // On the system's own files, in a folder of the test's own.

@@ -386,11 +386,6 @@ TEST_F(LibraryBox, IsOwnedByAWindowOfItsOwnWhereNothingHasTheFocus) {
   EXPECT_EQ(sOwnerClass, "ABD_Edit");
   EXPECT_EQ(windows.Focus(), WindowHandle{});
   EXPECT_EQ(Desk().Live().nWindows, nWindows);
-
-  Desk().WhenWaiting(nullptr);
-  EXPECT_TRUE(windows.UnregisterClass("ABD_Edit"));
-  EXPECT_EQ(Lib_Message(0, MessageByNumber(102)), kButtonCancel);
-  EXPECT_EQ(Desk().Boxes().size(), 1U);
 }
 
 TEST_F(LibraryBox, MayLetAnotherOneIn) {

@@ -5,6 +5,7 @@
 #include <new>
 
 #include "aldlib/frame/MemStore.h"
+#include "aldlib/messages/Messages.h"
 #include "aldlib/platform/Platform.h"
 #include "aldlib/text/FixedString.h"
 #include "tests/support/FakePlatform.h"
@@ -53,6 +54,7 @@ class OneWindow : public Windows {
   bool RegisterClass(const CString&, const CString&, WindowProcedure) override { return {}; }
   bool UnregisterClass(const CString&) override { return {}; }
   WindowHandle Create(const WindowSpec&) override {
+    if (m_bRefuse) return WindowHandle{};
     ++m_nWindows;
     return WindowHandle{1};
   }
@@ -118,6 +120,7 @@ class OneWindow : public Windows {
   Rect MapDialogRect(WindowHandle, const Rect&) override { return {}; }
 
   int m_nWindows = 0;
+  bool m_bRefuse = false;
 };
 
 class CountingPresenter : public Presenter {
@@ -188,6 +191,10 @@ TEST(MemoryFailure, IsShownWithoutTakingMemory) {
   // What was refused is the log, which must not keep its file open. With memory it works again.
   EXPECT_GT(g_nRefused, 0);
   EXPECT_EQ(fake.m_files.OpenHandles(), 0U);
+
+  windows.m_bRefuse = true;  // where not even that window can be made, the answer is Cancel
+  EXPECT_EQ(Lib_Message(0, MessageByNumber(20300)), kButtonCancel);
+  EXPECT_EQ(presenter.m_nBoxes, 2);
   MoveToPlatform(nullptr);
 }
 
