@@ -78,6 +78,7 @@ constexpr std::uint32_t kMessageQuit = 0x0012;
 constexpr std::uint32_t kMessageSetFont = 0x0030;
 constexpr std::uint32_t kMessageGetFont = 0x0031;
 constexpr std::uint32_t kMessageHelp = 0x0053;
+constexpr std::uint32_t kMessageSetIcon = 0x0170;  // word: the icon of a static control
 constexpr std::uint32_t kMessageKeyDown = 0x0100;
 constexpr std::uint32_t kMessageChar = 0x0102;
 constexpr std::uint32_t kMessageInitDialog = 0x0110;

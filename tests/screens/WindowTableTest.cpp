@@ -66,7 +66,7 @@ TEST(WindowTable, StaysPackedThroughAnyOrderOfAddingAndRemoving) {
   std::mt19937 random(19);
   std::vector<std::uint32_t> model;
   for (int nStep = 0; nStep < 5000; ++nStep) {
-    const std::uint32_t nWindow = 1 + random() % 20;
+    const auto nWindow = static_cast<std::uint32_t>(1 + random() % 20);
     if (random() % 2 == 0) {
       const bool bFits = model.size() < 15;
       ASSERT_EQ(AddWindowToTable(WindowHandle{nWindow}, 0, kDialogs), bFits ? 1 : 0);

@@ -48,6 +48,17 @@ TEST(Calc, EvaluatesByTheUsualPrecedence) {
   }
 }
 
+TEST(Name, IsReadASecondTimeOnlyIfASuffixMayBeALastName) {
+  const Outcome plain = RunAldtool("name '-Jos\xC3\xA9 Pell jr.'");
+  EXPECT_THAT(plain.sOutput, HasSubstr("first name          -Jos\xC3\xA9\n"));
+  EXPECT_THAT(plain.sOutput, HasSubstr("last name first     Pell jr, -Jos\xC3\xA9\n"));
+  EXPECT_THAT(plain.sOutput, Not(HasSubstr("Without")));
+  EXPECT_EQ(plain.nStatus, 0);
+  const Outcome doubtful = RunAldtool("name 'Andrew Ma'");
+  EXPECT_THAT(doubtful.sOutput, HasSubstr("last name           (none)\n"));
+  EXPECT_THAT(doubtful.sOutput, HasSubstr("last name           Ma\n"));
+}
+
 TEST(Calc, PointsAtWhatItCannotRead) {
   const struct {
     std::string sExpression;

@@ -20,6 +20,7 @@ int RunErrorLog(const std::string& sPath);
 int RunMessage(std::uint16_t nNumber, const std::vector<std::string>& arguments,
                const std::string& sTextsPath);
 int RunTexts(const std::string& sPath);
+int RunName(const std::string& sTyped);
 int RunWhere();
 int RunWords(const std::string& sTyped);
 

@@ -93,7 +93,7 @@ void AddMessages(CLI::App& app, MessageArguments& given, int& nStatus) {
 
 // aldtool shows the library at work on real input.
 int main(int nArguments, char** pszArguments) {
-  CLI::App app("Exact amounts, stored settings and messages at the command line.", "aldtool");
+  CLI::App app("Exact amounts, names, stored settings and messages at the command line.", "aldtool");
   app.require_subcommand(1);
 
   std::string sPath;
@@ -120,6 +120,10 @@ int main(int nArguments, char** pszArguments) {
       "words", "Write an amount in words, as it stands on a cheque of 80 characters.");
   pWords->add_option("AMOUNT", sTyped, "Such as 1,234.50")->required();
 
+  CLI::App* pName = app.add_subcommand(
+      "name", "Show how a typed personal name is split, and how it is written from its parts.");
+  pName->add_option("TEXT", sTyped, "Such as 'Dr. John Q. Smith, Jr.'")->required();
+
   int nStatus = aldtool::kGood;
   app.add_subcommand("where", "Print where the settings lie.")->callback([&] {
     nStatus = aldtool::RunWhere();
@@ -132,7 +136,8 @@ int main(int nArguments, char** pszArguments) {
   // The parser would take a text that starts with a minus for an option.
   std::vector<std::string> arguments(pszArguments + 1, pszArguments + nArguments);
   if (arguments.size() == 2 &&
-      (arguments[0] == "calc" || arguments[0] == "amount" || arguments[0] == "words") &&
+      (arguments[0] == "calc" || arguments[0] == "amount" || arguments[0] == "words" ||
+       arguments[0] == "name") &&
       arguments[1] != "-h" && arguments[1] != "--help") {
     arguments.insert(arguments.begin() + 1, "--");
   }
@@ -143,6 +148,7 @@ int main(int nArguments, char** pszArguments) {
     return app.exit(error);
   }
   if (pAmount->parsed()) return aldtool::RunAmount(sTyped);
+  if (pName->parsed()) return aldtool::RunName(sTyped);
   if (pWords->parsed()) return aldtool::RunWords(sTyped);
   if (pChecks->parsed()) return aldtool::RunChecks(sPath);
   return pCalc->parsed() ? aldtool::RunCalc(sExpression) : nStatus;
