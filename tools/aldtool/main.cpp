@@ -93,7 +93,8 @@ void AddMessages(CLI::App& app, MessageArguments& given, int& nStatus) {
 
 // aldtool shows the library at work on real input.
 int main(int nArguments, char** pszArguments) {
-  CLI::App app("Exact amounts, names, stored settings and messages at the command line.", "aldtool");
+  CLI::App app("Exact amounts, names, stored settings and messages at the command line.",
+               "aldtool");
   app.require_subcommand(1);
 
   std::string sPath;
