@@ -10,6 +10,7 @@
 #include "aldlib/frame/LibraryState.h"
 #include "aldlib/frame/LibraryStrings.h"
 #include "aldlib/frame/WindowMemory.h"
+#include "aldlib/messages/internal/MessageEngine.h"
 #include "aldlib/screens/Menus.h"
 #include "aldlib/screens/internal/ForgetScreens.h"
 
@@ -29,6 +30,7 @@ int Load(ModuleHandle hModule) {
   KeepLibraryHandle(hModule);
   StartWindowMemory();
   LibraryRecord() = {};
+  OpenMessageDoor();
   RequirePerInstanceData(hModule, ModuleId::AlderLib, &LibraryRecord());
   AddWindowAtoms();
   ReadRegionalSettings();
@@ -49,6 +51,7 @@ void Unload(ModuleHandle hModule) {
   CloseFinds();
   g_directories = {};
   ForgetSettings();
+  CloseMessageDoor();
 }
 
 // The module that stands for the library on the platform in use.

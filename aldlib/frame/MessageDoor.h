@@ -31,7 +31,8 @@ class ALDLIB_EXPORT MessageDoor {
 // Connects the door, and returns the one that was connected before. Null stands for the plain door,
 // both ways: it writes the text to standard error, without the leading characters that are not
 // meant to be read and without allocating memory, and answers Cancel. It knows the library's own
-// texts only. The caller keeps the door alive while it is connected.
+// texts only. Loading the library connects the message engine, unless another door is there. The
+// caller keeps the door alive while it is connected.
 ALDLIB_EXPORT MessageDoor* ConnectMessageDoor(MessageDoor* pDoor);
 
 // Returns the door in use.

@@ -266,10 +266,10 @@ TEST(LibraryWithoutARecord, DoesNothingHarmful) {
   EXPECT_EQ(FindStrInResource("text", 20300), 0);
   EXPECT_EQ(AlderLibEntry(AlderLibHandle(), kProcessDetach, nullptr), 1);
   EXPECT_EQ(AlderLibEntry(AlderLibHandle(), kProcessAttach, nullptr), 1);
-  testing::internal::CaptureStderr();
   FailAllocation(1);
   EXPECT_EQ(_RealAllocate(1), nullptr);
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "Not enough Memory to run.\n");
+  ASSERT_EQ(platform.m_desktop.Boxes().size(), 1U);
+  EXPECT_EQ(platform.m_desktop.Boxes()[0].sText, "Not enough Memory to run.");
 }
 
 }  // namespace

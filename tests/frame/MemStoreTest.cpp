@@ -154,6 +154,7 @@ TEST(OldFormsDeathTest, EndTheProcessForABlockThatIsStillLocked) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   EXPECT_EXIT(
       {
+        const NoDoor noDoor;
         MemoryHandle hBlock{};
         _OldAllocate(&hBlock, 1);
         CurrentPlatform().machine.Lock(hBlock);

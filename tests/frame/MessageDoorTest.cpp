@@ -33,6 +33,7 @@ TEST(PlainDoor, WritesTheTextWithoutItsSignsAndAnswersCancel) {
       {MessageByText(""), "\n"},
       {MessageByText("@"), "\n"},
   };
+  const NoDoor noDoor;
   for (const auto& row : rows) {
     testing::internal::CaptureStderr();
     EXPECT_EQ(CurrentMessageDoor().Ask(row.message), kAnswerCancel);
@@ -41,6 +42,7 @@ TEST(PlainDoor, WritesTheTextWithoutItsSignsAndAnswersCancel) {
 }
 
 TEST(ConnectedDoor, IsInUseUntilTheFormerOneComesBack) {
+  const NoDoor noDoor;
   MessageDoor& plain = CurrentMessageDoor();
   {
     RecordingDoor outer;
@@ -56,6 +58,25 @@ TEST(ConnectedDoor, IsInUseUntilTheFormerOneComesBack) {
     EXPECT_EQ(ConnectMessageDoor(&outer), nullptr);
   }
   EXPECT_EQ(&CurrentMessageDoor(), &plain);
+}
+
+TEST(ConnectedDoor, IsTheMessageEngineUnlessTheHostHasAnother) {
+  const auto reload = [] {
+    AlderLibEntry(AlderLibHandle(), kProcessDetach, nullptr);
+    AlderLibEntry(AlderLibHandle(), kProcessAttach, nullptr);
+  };
+  FakePlatform platform;
+  MessageDoor& engine = CurrentMessageDoor();
+  {
+    RecordingDoor host;
+    reload();
+    EXPECT_EQ(&CurrentMessageDoor(), &host);
+  }
+  EXPECT_EQ(&CurrentMessageDoor(), &engine);
+  AlderLibEntry(AlderLibHandle(), kProcessDetach, nullptr);
+  EXPECT_NE(&CurrentMessageDoor(), &engine);
+  AlderLibEntry(AlderLibHandle(), kProcessAttach, nullptr);
+  EXPECT_EQ(&CurrentMessageDoor(), &engine);
 }
 
 }  // namespace

@@ -81,6 +81,7 @@ TEST(WindowMemory, IsFreedAtUnloadAndGoneAfterwards) {
 }
 
 TEST(WindowMemoryDeathTest, EndsTheProcessOnMisuse) {
+  const NoDoor noDoor;
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   const struct {
     void (*pfnMisuse)();

@@ -268,6 +268,18 @@ class FakePlatform {
                       m_clock,     m_files,   m_volumes, m_processes, m_desktop.Ports()};
 };
 
+// While it lives nothing but the plain door is there.
+class NoDoor {
+ public:
+  NoDoor() : m_pBefore(ConnectMessageDoor(nullptr)) {}
+  NoDoor(const NoDoor&) = delete;
+  NoDoor& operator=(const NoDoor&) = delete;
+  ~NoDoor() { ConnectMessageDoor(m_pBefore); }
+
+ private:
+  MessageDoor* m_pBefore;
+};
+
 // A door that keeps the numbers it was to show, in order, and gives the answer it was told to.
 class RecordingDoor : public MessageDoor {
  public:

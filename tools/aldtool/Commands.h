@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "aldlib/text/WildcardSearch.h"
 
@@ -20,6 +21,11 @@ int RunChecks(const std::string& sPath);
 // kBadLines if there is none.
 int RunFind(const std::string& sPattern, const std::string& sPath,
             const ald::SearchBehavior& behavior);
+int RunErrorLog(const std::string& sPath);
+// Fills the placeholders with the arguments; the texts of the file, if one is named, come first.
+int RunMessage(std::uint16_t nNumber, const std::vector<std::string>& arguments,
+               const std::string& sTextsPath);
+int RunTexts(const std::string& sPath);
 int RunName(const std::string& sTyped);
 // The start is that of the fiscal years, empty for January 1 of the first cheque's year.
 int RunChecks(const std::string& sPath, const std::string& sStart);

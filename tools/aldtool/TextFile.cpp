@@ -12,7 +12,14 @@ namespace {
 
 constexpr std::uintmax_t kLargestFile = 256U << 20;
 
-std::string Read(const std::string& sPath, std::string& sText) {
+bool IsControl(char c) {
+  const auto nByte = static_cast<unsigned char>(c);
+  return (nByte < 0x20 && c != '\t') || nByte == 0x7F;
+}
+
+}  // namespace
+
+std::string ReadFile(const std::string& sPath, std::string& sText) {
   std::error_code error;
   if (std::filesystem::is_directory(sPath, error)) return "is a folder.";
   const std::uintmax_t nSize = std::filesystem::file_size(sPath, error);
@@ -30,13 +37,6 @@ std::string Read(const std::string& sPath, std::string& sText) {
   return {};
 }
 
-bool IsControl(char c) {
-  const auto nByte = static_cast<unsigned char>(c);
-  return (nByte < 0x20 && c != '\t') || nByte == 0x7F;
-}
-
-}  // namespace
-
 std::string_view Trimmed(std::string_view sText) {
   const std::size_t nFirst = sText.find_first_not_of(" \t");
   if (nFirst == std::string_view::npos) return {};
@@ -44,7 +44,7 @@ std::string_view Trimmed(std::string_view sText) {
 }
 
 void ReadTextFile(const std::string& sPath, TextFile& file) {
-  file.sTrouble = Read(sPath, file.sText);
+  file.sTrouble = ReadFile(sPath, file.sText);
   std::string_view sRest = file.sText;
   while (file.sTrouble.empty() && !sRest.empty()) {
     const std::size_t nEnd = std::min(sRest.find('\n'), sRest.size());

@@ -25,6 +25,9 @@ inline constexpr std::size_t kLongestLine = 1000;
 // line.
 void ReadTextFile(const std::string& sPath, TextFile& file);
 
+// Appends all bytes of a file to the text. Returns a sentence that says why not, or an empty one.
+std::string ReadFile(const std::string& sPath, std::string& sText);
+
 // Without the blanks and tabs on both sides.
 std::string_view Trimmed(std::string_view sText);
 

@@ -1,5 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
@@ -112,6 +113,35 @@ void AddFind(CLI::App& app, std::string& sPattern, std::string& sPath,
     pLock->callback(
         [&] { nStatus = aldtool::RunFileLock(given.sPath, given.nStart, given.nLength); });
   }
+  // What the commands about messages are given.
+  struct MessageArguments {
+    std::uint16_t nNumber = 0;
+    std::vector<std::string> values;
+    std::string sTexts;
+    std::string sPath;
+  };
+
+  void AddMessages(CLI::App & app, MessageArguments & given, int& nStatus) {
+    CLI::App* const pMessage =
+        app.add_subcommand("message", "Show a numbered message and the box that it chooses.");
+    pMessage->add_option("NUMBER", given.nNumber, "Such as 20302")->required();
+    pMessage->add_option("VALUE", given.values, "What stands in its placeholders, in their order");
+    pMessage->add_option("--texts", given.sTexts, "A file of texts that go before the library's");
+    pMessage->callback(
+        [&] { nStatus = aldtool::RunMessage(given.nNumber, given.values, given.sTexts); });
+    CLI::App* const pLog = app.add_subcommand(
+        "errorlog",
+        "Print the messages of a log, the newest first.\nEnds with 1 if it is damaged.");
+    pLog->add_option("FILE", given.sPath, "Such as ERRORLOG.TXT of a data folder")->required();
+    pLog->callback([&] { nStatus = aldtool::RunErrorLog(given.sPath); });
+    CLI::App* const pTexts = app.add_subcommand(
+        "texts",
+        "Check a file of numbered texts, such as a translation of the library's.\n"
+        "Ends with 1 if it has faults, and names the line of each.");
+    pTexts->add_option("FILE", given.sPath, "A line holds a number, a blank and the text")
+        ->required();
+    pTexts->callback([&] { nStatus = aldtool::RunTexts(given.sPath); });
+  }
 
 }  // namespace
 
@@ -120,6 +150,8 @@ int main(int nArguments, char** pszArguments) {
   CLI::App app("Exact amounts, names and stored settings at the command line.", "aldtool");
   CLI::App app("Exact amounts, dates and stored settings at the command line.", "aldtool");
   CLI::App app("Exact amounts, stored settings and company files at the command line.", "aldtool");
+  CLI::App app("Exact amounts, names, stored settings and messages at the command line.",
+               "aldtool");
   app.require_subcommand(1);
 
   std::string sPath;
@@ -199,6 +231,8 @@ int main(int nArguments, char** pszArguments) {
   AddPrefs(app, given, nStatus);
   FileArguments file;
   AddFile(app, file, nStatus);
+  MessageArguments messages;
+  AddMessages(app, messages, nStatus);
 
   // The parser would take a text that starts with a minus for an option.
   std::vector<std::string> arguments(pszArguments + 1, pszArguments + nArguments);
