@@ -35,6 +35,7 @@
 #include "aldlib/files/FileErrors.h"
 #include "aldlib/files/FileNames.h"
 #include "aldlib/files/Filesyst.h"
+#include "aldlib/files/SingleUser.h"
 #include "aldlib/frame/Alderlib.h"
 #include "aldlib/frame/Failures.h"
 #include "aldlib/frame/LargeClip.h"
