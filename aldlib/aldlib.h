@@ -66,6 +66,8 @@
 #include "aldlib/platform/WindowTypes.h"
 #include "aldlib/platform/Windows.h"
 #include "aldlib/platform/headless/HeadlessDesktop.h"
+#include "aldlib/platform/terminal/Terminal.h"
+#include "aldlib/platform/terminal/TerminalDesktop.h"
 #include "aldlib/text/Base64.h"
 #include "aldlib/text/Constants.h"
 #include "aldlib/text/DynamicHeapFixedString.h"

@@ -35,8 +35,8 @@ constexpr int kMetricIconHeight = 12;
 
 // What it takes to make a window.
 struct WindowSpec {
-  CString sClass;  // a class that the desktop has, in any case
-  CString sText;
+  CString sClass{};  // a class that the desktop has, in any case
+  CString sText{};
   std::uint32_t nStyle = 0;  // kStyle bits; with kStyleChild it lives inside its parent
   Rect place{};              // in the parent's client terms, or the screen's
   WindowHandle hParent{};    // the parent of a child, the owner of another window

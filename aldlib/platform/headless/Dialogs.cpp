@@ -63,7 +63,7 @@ WindowHandle HeadlessWindows::MakeDialog(WindowHandle hOwner, ModuleHandle hModu
   const Rect inside =
       MapDialogRect(hDialog, {dialog.x, dialog.y, dialog.x + dialog.cx, dialog.y + dialog.cy});
   const Rect frame = FrameOf(*pDialog);
-  const Point origin = ToScreen(pDialog->hParent, {0, 0});
+  const Point origin = pDialog->IsChild() ? Point{0, 0} : ToScreen(pDialog->hParent, {0, 0});
   const Point at{origin.x + inside.left, origin.y + inside.top};
   pDialog->place = {at.x, at.y, at.x + inside.Width() + frame.left + frame.right,
                     at.y + inside.Height() + frame.top + frame.bottom};
@@ -82,10 +82,12 @@ WindowHandle HeadlessWindows::MakeDialog(WindowHandle hOwner, ModuleHandle hModu
       Destroy(hDialog);
       return {};
     }
-    SetFont(hControl, pDialog->hDialogFont, false);
     if (Find(hControl)->IsPushButton() && (item.nStyle & kButtonKindMask) == kButtonDefaultPush) {
       pDialog->nDefaultId = item.nId;
     }
+    SetFont(hControl, pDialog->hDialogFont, false);
+    pDialog = Find(hDialog);
+    if (pDialog == nullptr) return {};  // a class of the host's took it away
   }
 
   if (procedure) {

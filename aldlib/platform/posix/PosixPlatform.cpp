@@ -1,6 +1,7 @@
+#include <errno.h>
+
 #include "aldlib/platform/MemoryRegistry.h"
 #include "aldlib/platform/TableResources.h"
-#include "aldlib/platform/headless/HeadlessDesktop.h"
 #include "aldlib/platform/internal/NeverDestroyed.h"
 #include "aldlib/platform/internal/SystemPlatform.h"
 #include "aldlib/platform/posix/IniProfile.h"
@@ -8,6 +9,7 @@
 #include "aldlib/platform/posix/PosixLocale.h"
 #include "aldlib/platform/posix/PosixMachine.h"
 #include "aldlib/platform/posix/PosixProduct.h"
+#include "aldlib/platform/posix/PosixTerminal.h"
 #include "aldlib/platform/posix/SettingsFolders.h"
 #include "aldlib/platform/posix/SqliteRegistry.h"
 
@@ -15,6 +17,8 @@ namespace ald {
 namespace {
 
 struct Ports {
+  Ports() { desktop.SetApplicationName(::program_invocation_short_name); }
+
   TableResources resources;
   PosixMachine machine;
   IniProfile profile;
@@ -26,7 +30,8 @@ struct Ports {
 #endif
   PosixProduct product;
   PosixClock clock;
-  HeadlessDesktop desktop{clock};
+  PosixTerminal terminal;
+  TerminalDesktop desktop{clock, terminal};
   Platform platform{resources, machine, locale, profile, registry, product, clock, desktop.Ports()};
 };
 
@@ -43,6 +48,10 @@ const Platform& SystemPlatform() {
 
 PosixProduct& SystemProduct() {
   return SystemPorts().product;
+}
+
+TerminalDesktop& SystemDesktop() {
+  return SystemPorts().desktop;
 }
 
 }  // namespace ald
