@@ -15,6 +15,7 @@ constexpr std::uint32_t kKeyLeft = 0x25;
 constexpr std::uint32_t kKeyUp = 0x26;
 constexpr std::uint32_t kKeyRight = 0x27;
 constexpr std::uint32_t kKeyDown = 0x28;
+constexpr std::uint32_t kKeyF1 = 0x70;
 
 // Multiplies first and rounds halves away from zero, as dialog units are turned everywhere.
 std::int32_t Scaled(std::int32_t nValue, std::int32_t nTimes, std::int32_t nOver) {
@@ -144,6 +145,9 @@ bool HeadlessWindows::DialogKey(WindowHandle hDialog, const WindowMessage& messa
   switch (message.nWord) {
     case kKeyTab:
       return MoveFocus(hDialog, message.hWindow, bShift);
+    case kKeyF1:
+      Call(message.hWindow, kMessageHelp, 0, 0);
+      return true;
     case kKeyEscape:
       Command(hDialog, kButtonCancel);
       return true;

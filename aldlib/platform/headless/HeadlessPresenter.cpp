@@ -48,8 +48,9 @@ int HeadlessPresenter::ShowBox(ShownBox box, const std::function<void(std::int32
       m_parts.windows.SetFocus(m_parts.windows.Child(hBox, DefaultButtonOf(nFlags)));
       return 0;
     }
-    if (nMessage != kMessageCommand) return 0;
-    const int nId = static_cast<int>(nWord & 0xFFFF);
+    const bool bHelpKey = nMessage == kMessageHelp && (nFlags & kBoxHelp) != 0;
+    if (nMessage != kMessageCommand && !bHelpKey) return 0;
+    const int nId = bHelpKey ? kButtonHelp : static_cast<int>(nWord & 0xFFFF);
     if (nId == kButtonHelp) {
       if (help) {
         help(box.nHelpTopic);
