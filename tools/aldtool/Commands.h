@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 // The commands of aldtool, one file each. They write to standard output, complain on standard
@@ -15,6 +16,13 @@ int RunCalc(const std::string& sExpression);
 int RunChecks(const std::string& sPath);
 // Lists which data files of a company are in the folder.
 int RunCompany(const std::string& sFolder);
+
+// The file layer by hand: a text's characters and its lines as the library reads them, a copy, and
+// a range of bytes locked until the input ends.
+int RunFileCat(const std::string& sPath);
+int RunFileLines(const std::string& sPath);
+int RunFileCopy(const std::string& sFrom, const std::string& sTo);
+int RunFileLock(const std::string& sPath, std::int32_t nStart, std::int32_t nLength);
 int RunWhere();
 int RunWords(const std::string& sTyped);
 

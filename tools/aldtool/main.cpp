@@ -59,11 +59,47 @@ void AddPrefs(CLI::App& app, PrefsArguments& given, int& nStatus) {
       [&] { nStatus = aldtool::RunPrefsRemove(given.sGroup, given.sName, given.bMachine); });
 }
 
+// What the commands below "file" are given.
+struct FileArguments {
+  std::string sPath;
+  std::string sTo;
+  std::int32_t nStart = 0;
+  std::int32_t nLength = 1;
+};
+
+void AddFile(CLI::App& app, FileArguments& given, int& nStatus) {
+  CLI::App* const pFile =
+      app.add_subcommand("file", "Read, copy and lock files as the library does.");
+  pFile->require_subcommand(1);
+  const auto add = [&](const char* szName, const char* szHelp) {
+    CLI::App* const pCommand = pFile->add_subcommand(szName, szHelp);
+    pCommand->add_option("FILE", given.sPath, "Such as 'C:\\DATA\\NOTES.TXT', or a native path")
+        ->required();
+    return pCommand;
+  };
+  add("cat", "Print a text, up to Ctrl-Z if there is one.")->callback([&] {
+    nStatus = aldtool::RunFileCat(given.sPath);
+  });
+  add("lines", "Print a text's lines with their numbers and lengths.")->callback([&] {
+    nStatus = aldtool::RunFileLines(given.sPath);
+  });
+  CLI::App* const pCopy = add("copy", "Copy a file over another one.");
+  pCopy->add_option("TO", given.sTo, "The copy")->required();
+  pCopy->callback([&] { nStatus = aldtool::RunFileCopy(given.sPath, given.sTo); });
+  CLI::App* const pLock = add(
+      "lock", "Lock a range of bytes until the input ends; while another has it, try ten times.");
+  pLock->add_option("START", given.nStart, "The first byte, counted from 0")->required();
+  pLock->add_option("LENGTH", given.nLength, "How many bytes")->required();
+  pLock->callback(
+      [&] { nStatus = aldtool::RunFileLock(given.sPath, given.nStart, given.nLength); });
+}
+
 }  // namespace
 
 // aldtool shows the library at work on real input.
 int main(int nArguments, char** pszArguments) {
-  CLI::App app("Exact amounts, stored settings and company files at the command line.", "aldtool");
+  CLI::App app("Exact amounts, stored settings and the files of a company at the command line.",
+               "aldtool");
   app.require_subcommand(1);
 
   std::string sPath;
@@ -103,6 +139,8 @@ int main(int nArguments, char** pszArguments) {
   pCompany->callback([&] { nStatus = aldtool::RunCompany(sPath); });
   PrefsArguments given;
   AddPrefs(app, given, nStatus);
+  FileArguments file;
+  AddFile(app, file, nStatus);
 
   // The parser would take a text that starts with a minus for an option.
   std::vector<std::string> arguments(pszArguments + 1, pszArguments + nArguments);
