@@ -98,7 +98,8 @@ void AddFile(CLI::App& app, FileArguments& given, int& nStatus) {
 
 // aldtool shows the library at work on real input.
 int main(int nArguments, char** pszArguments) {
-  CLI::App app("Exact amounts, stored settings and company files at the command line.", "aldtool");
+  CLI::App app("Exact amounts, stored settings and the files of a company at the command line.",
+               "aldtool");
   app.require_subcommand(1);
 
   std::string sPath;
