@@ -78,6 +78,7 @@ class PlatformWithQueue {
             platform.registry,
             platform.product,
             platform.clock,
+            platform.processes,
             Desktop{queue, d.windows, d.controls, d.canvas, d.menus, d.presenter, d.help}};
   }
 
