@@ -16,6 +16,7 @@
 #include "aldlib/platform/posix/ProcProcesses.h"
 #include "aldlib/platform/posix/SettingsFolders.h"
 #include "aldlib/platform/posix/SqliteRegistry.h"
+#include "aldlib/platform/terminal/TerminalDesktop.h"
 
 namespace ald {
 namespace {
