@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "tools/aldtool/BadLines.h"
 #include "tools/aldtool/Commands.h"
 
 namespace {
@@ -103,8 +104,15 @@ int main(int nArguments, char** pszArguments) {
       "Read a list of cheques: print each amount, its share and the running total, and\n"
       "below them the cheque: the amount in words and its field.\n"
       "A line holds payee; amount; split count. '#' starts a comment line.\n"
+      "A line that is not good is also entered into the log of messages.\n"
       "Ends with 0 if every line was good, 1 if some were not, 2 if the file is of no use.");
   pChecks->add_option("FILE", sPath, "The list, such as examples/checks/march.txt")->required();
+
+  pChecks
+      ->add_option_function<std::string>(
+          "--log", aldtool::UseLogFolder,
+          "The folder of the log; else the application's data folder")
+      ->check(CLI::ExistingDirectory);
 
   std::string sExpression;
   CLI::App* pCalc = app.add_subcommand(
