@@ -5,6 +5,7 @@
 #include "aldlib/config/Reread.h"
 #include "aldlib/config/internal/ForgetSettings.h"
 #include "aldlib/files/Directories.h"
+#include "aldlib/files/internal/DirectoryState.h"
 #include "aldlib/frame/Alderlib.h"
 #include "aldlib/frame/LibraryState.h"
 #include "aldlib/frame/LibraryStrings.h"
@@ -48,6 +49,7 @@ void Unload(ModuleHandle hModule) {
   ForgetColours();
   DelMenuIDOwnerTable();
   CloseFinds();
+  g_directories = {};
   ForgetSettings();
   CloseMessageDoor();
 }

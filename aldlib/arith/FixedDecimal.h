@@ -443,16 +443,17 @@ class ALDLIB_EXPORT CFixedDecimal<23, 9> {
   TextType PrintByDigits(int nDecimals) const;
   CFixedDecimal& fromMathByDigits(const MathType& value);
   // The end of every fast road.
+  CFixedDecimal& MarkGood();
   CFixedDecimal& StoreGood(packed::Words words);  // in FixedDecimalWords.h
   void StoreWhole(std::uint64_t nMagnitude, bool bNegative);
   template <bool bSubtract>
   CFixedDecimal& StoreSumOfCents(packed::Words a, packed::Words b, const CFixedDecimal& other);
   template <bool bSubtract>
   CFixedDecimal& StoreSum(packed::Words a, packed::Words b, const CFixedDecimal& other);
-  CFixedDecimal& StoreProduct(packed::Words a, packed::Words b, const CFixedDecimal& other);
-  CFixedDecimal& StoreLargeProduct(packed::Words a, packed::Words b, const CFixedDecimal& other);
-  CFixedDecimal& StoreQuotient(packed::Words a, packed::Words b, const CFixedDecimal& other);
-  CFixedDecimal& StoreLargeQuotient(packed::Words a, packed::Words b, const CFixedDecimal& other);
+  CFixedDecimal& StoreProduct(const CFixedDecimal& other);
+  CFixedDecimal& StoreLargeProduct(const CFixedDecimal& other);
+  CFixedDecimal& StoreQuotient(const CFixedDecimal& other);
+  CFixedDecimal& StoreLargeQuotient(const CFixedDecimal& other);
   static int CompareLastDigits(const CFixedDecimal& a, const CFixedDecimal& b);
   void SetToOverflow(bool bNegative, std::uint64_t nMagnitude);
   void StoreLimit(bool bPositive);

@@ -13,8 +13,10 @@ namespace ald {
 namespace {
 
 using packed::BinaryOf;
-using packed::DigitsOf;
+using packed::BinaryOfHighs;
+using packed::BinaryOfLows;
 using packed::FoursOf;
+using packed::SignOfProduct;
 using packed::UInt128;
 using packed::Words;
 
@@ -34,11 +36,6 @@ constexpr std::uint64_t kMostHigh = ~std::uint64_t{0} / kTenTo8 - 1;
 // cents.
 [[gnu::always_inline]] inline bool AreCents(Words a, Words b) {
   return ((a.nLow | b.nLow) & packed::kLowDigits) == 0;
-}
-
-[[gnu::always_inline]] inline Words Signed(Words digits, std::uint64_t nSign) {
-  digits.nLow |= nSign;
-  return digits;
 }
 
 // One bit for each of the last 64 sums of cents: whether their signs differed.
@@ -102,10 +99,10 @@ CDecimal& CDecimal::op_Multiply(const CDecimal& other) {
   const Words b = packed::Load(other.m_aBytes);
   if (RegistryExists() || !packed::HavePlainSigns(a, b)) [[unlikely]]
     return MultiplyByDigits(other);
-  if (!AreCents(a, b)) return StoreProduct(a, b, other);
-  const auto [nLeft, nRight] = BinaryOf(a.nHigh, b.nHigh);
+  if (!AreCents(a, b)) return StoreProduct(other);
+  const auto [nLeft, nRight] = BinaryOfHighs(m_aBytes, other.m_aBytes);
   if ((nLeft | nRight) >> 32 != 0) [[unlikely]]
-    return StoreProduct(a, b, other);
+    return StoreProduct(other);
   const std::uint64_t nProduct = nLeft * nRight;  // four decimals
   if (nProduct == 0 || nProduct / 100 >= kTenTo16) [[unlikely]]
     return MultiplyByDigits(other);
@@ -113,18 +110,18 @@ CDecimal& CDecimal::op_Multiply(const CDecimal& other) {
   const std::uint64_t nHundredth = nProduct / 100;
   const std::uint64_t nTop = nProduct / kTenTo10;
   const std::uint64_t nLastTwo = nProduct - nHundredth * 100;  // with six zeros behind them
-  const Words digits = packed::DigitsOfFours(
-      FoursOf(nTop) << 32 | FoursOf(nHundredth - nTop * kTenTo8), nLastTwo * 100 << 16);
-  return StoreGood(Signed(digits, packed::SignOfProduct(a, b)));
+  packed::StoreDigits(FoursOf(nTop), nHundredth - nTop * kTenTo8, nLastTwo * 1'000'000,
+                      SignOfProduct(a, b), m_aBytes);
+  return MarkGood();
 }
 
 // The values times ten, which saves moving their digits: H * 10^8 + L. Their product counts units
 // of 10^-20, and its rounded ninth decimal is the eleventh digit from its end.
-[[gnu::noinline]] CDecimal& CDecimal::StoreProduct(Words a, Words b, const CDecimal& other) {
-  const auto [nLeft, nRight] = BinaryOf(a.nHigh, b.nHigh);
-  const auto [nLeftLow, nRightLow] = packed::BinaryOfLows(a, b);
+[[gnu::noinline]] CDecimal& CDecimal::StoreProduct(const CDecimal& other) {
+  const auto [nLeft, nRight] = BinaryOfHighs(m_aBytes, other.m_aBytes);
+  const auto [nLeftLow, nRightLow] = BinaryOfLows(m_aBytes, other.m_aBytes);
   if (nLeft > kMostHigh || nRight > kMostHigh) [[unlikely]]
-    return StoreLargeProduct(a, b, other);
+    return StoreLargeProduct(other);
   const UInt128 nProduct =
       UInt128{nLeft * kTenTo8 + nLeftLow} * (nRight * kTenTo8 + nRightLow) + kTenTo11 / 2;
   if (nProduct >> 64 >= kTenTo16) [[unlikely]]
@@ -133,13 +130,16 @@ CDecimal& CDecimal::op_Multiply(const CDecimal& other) {
   if (nHigh >= kTenTo16 || (nHigh == 0 && nRest < kTenTo11)) [[unlikely]]
     return MultiplyByDigits(other);
   const std::uint64_t nTop = nHigh / kTenTo8;
-  Words digits = DigitsOf(nTop, nHigh - nTop * kTenTo8, nRest / kTenTo10);
-  digits.nLow &= packed::kLowDigits;  // a tenth decimal makes place for the sign
-  return StoreGood(Signed(digits, packed::SignOfProduct(a, b)));
+  // A tenth decimal comes last.
+  packed::StoreDigits(FoursOf(nTop), nHigh - nTop * kTenTo8, nRest / kTenTo10,
+                      SignOfProduct(m_aBytes, other.m_aBytes), m_aBytes);
+  return MarkGood();
 }
 
 // Split at the point: (I + f) * (J + g) = IJ + (Ig + Jf + fg).
-[[gnu::noinline]] CDecimal& CDecimal::StoreLargeProduct(Words a, Words b, const CDecimal& other) {
+[[gnu::noinline]] CDecimal& CDecimal::StoreLargeProduct(const CDecimal& other) {
+  const Words a = packed::Load(m_aBytes);
+  const Words b = packed::Load(other.m_aBytes);
   const auto [nLeft, nRight] = BinaryOf(a.nHigh >> 8, b.nHigh >> 8);
   const auto [nLeftPart, nRightPart] =
       BinaryOf((a.nHigh & 0xFF) << 28 | a.nLow >> 4, (b.nHigh & 0xFF) << 28 | b.nLow >> 4);
@@ -150,16 +150,18 @@ CDecimal& CDecimal::op_Multiply(const CDecimal& other) {
   const auto nPart = static_cast<std::uint64_t>(nCross % kTenTo9);
   if (nWhole >= kTenTo14 || (nWhole | nPart) == 0) return MultiplyByDigits(other);
   const std::uint64_t nUpper = static_cast<std::uint64_t>(nWhole) * 100 + nPart / kTenTo7;
-  return StoreGood(Signed(DigitsOf(nUpper / kTenTo8, nUpper % kTenTo8, nPart % kTenTo7 * 10),
-                          packed::SignOfProduct(a, b)));
+  packed::StoreDigits(FoursOf(nUpper / kTenTo8), nUpper % kTenTo8, nPart % kTenTo7 * 10,
+                      SignOfProduct(a, b), m_aBytes);
+  return MarkGood();
 }
 
 namespace {
 
-// The digits of a quotient with ten decimals, the tenth of which rounds it; false if it is zero or
-// does not fit.
+// Stores a quotient with ten decimals, the tenth of which rounds it; false, and nothing is stored,
+// if it is zero or does not fit.
 template <class TWide>
-[[gnu::always_inline]] inline bool DigitsOfQuotient(TWide nQuotient, Words& digits) {
+[[gnu::always_inline]] inline bool StoreDecimals(TWide nQuotient, std::uint64_t nSign,
+                                                 packed::Bytes& bytes) {
   const TWide nRounded = nQuotient + 5;
   const TWide nTop = nRounded / kTenTo16;
   const TWide nUpper = nRounded / kTenTo8;
@@ -168,10 +170,9 @@ template <class TWide>
   const auto nMiddle = static_cast<std::uint64_t>(nUpper - nTop * kTenTo8);
   const auto nLow = static_cast<std::uint64_t>(nRounded - nUpper * kTenTo8);
   // Of 64 bits there are no more than four digits at the top.
-  const std::uint64_t nTopFours = sizeof(TWide) == 8 ? static_cast<std::uint64_t>(nTop)
+  const std::uint64_t nTopFours = sizeof(TWide) == 8 ? static_cast<std::uint64_t>(nTop) << 16
                                                      : FoursOf(static_cast<std::uint64_t>(nTop));
-  digits = packed::DigitsOfFours(nTopFours << 32 | FoursOf(nMiddle), FoursOf(nLow));
-  digits.nLow &= packed::kLowDigits;  // the guard digit makes place for the sign
+  packed::StoreDigits(nTopFours, nMiddle, nLow, nSign, bytes);
   return true;
 }
 
@@ -182,44 +183,46 @@ CDecimal& CDecimal::op_Divide(const CDecimal& other) {
   const Words b = packed::Load(other.m_aBytes);
   if (RegistryExists() || !packed::HavePlainSigns(a, b)) [[unlikely]]
     return DivideByDigits(other);
-  if (!AreCents(a, b)) return StoreQuotient(a, b, other);
-  const auto [nLeft, nRight] = BinaryOf(a.nHigh, b.nHigh);
+  if (!AreCents(a, b)) return StoreQuotient(other);
+  const auto [nLeft, nRight] = BinaryOfHighs(m_aBytes, other.m_aBytes);
   constexpr std::uint64_t kMostCents = (~std::uint64_t{0} - 5) / kTenTo10;
-  Words digits;
-  if (nLeft > kMostCents || nRight == 0) [[unlikely]] {
-    return StoreQuotient(a, b, other);
-  }
-  if (!DigitsOfQuotient(nLeft * kTenTo10 / nRight, digits)) [[unlikely]]
+  if (nLeft > kMostCents || nRight == 0) [[unlikely]]
+    return StoreQuotient(other);
+  if (!StoreDecimals(nLeft * kTenTo10 / nRight, SignOfProduct(a, b), m_aBytes)) [[unlikely]]
     return DivideByDigits(other);
-  return StoreGood(Signed(digits, packed::SignOfProduct(a, b)));
+  return MarkGood();
 }
 
 // Dividend and divisor are ten times what they count, as in the product.
-[[gnu::noinline]] CDecimal& CDecimal::StoreQuotient(Words a, Words b, const CDecimal& other) {
-  const auto [nLeft, nRight] = BinaryOf(a.nHigh, b.nHigh);
-  const auto [nLeftLow, nRightLow] = packed::BinaryOfLows(a, b);
-  const UInt128 nDividend = UInt128{nLeft} * kTenTo18 + nLeftLow * kTenTo10;  // below 2^113
+[[gnu::noinline]] CDecimal& CDecimal::StoreQuotient(const CDecimal& other) {
+  const auto [nLeft, nRight] = BinaryOfHighs(m_aBytes, other.m_aBytes);
+  const auto [nLeftLow, nRightLow] = BinaryOfLows(m_aBytes, other.m_aBytes);
+  // The sum of 128 bits by words: one term has no upper word.
+  const UInt128 nScaled = UInt128{nLeft} * kTenTo18;
+  const std::uint64_t nDividendLow = static_cast<std::uint64_t>(nScaled) + nLeftLow * kTenTo10;
+  const std::uint64_t nDividendHigh =
+      static_cast<std::uint64_t>(nScaled >> 64) + (nDividendLow < nLeftLow * kTenTo10 ? 1 : 0);
   const std::uint64_t nDivisor = nRight * kTenTo8 + nRightLow;
-  if (nRight > kMostHigh || nDividend >> 63 >= nDivisor) [[unlikely]]
-    return StoreLargeQuotient(a, b, other);
-  Words digits;
-  if (!DigitsOfQuotient(packed::Divide128By64(nDividend, nDivisor).nQuotient, digits))
-      [[unlikely]] {
+  // The quotient and the 5 that rounds it fit a word.
+  if (nRight > kMostHigh || nDividendHigh >= nDivisor >> 1) [[unlikely]]
+    return StoreLargeQuotient(other);
+  const std::uint64_t nQuotient =
+      packed::Divide128By64(UInt128{nDividendHigh} << 64 | nDividendLow, nDivisor).nQuotient;
+  if (!StoreDecimals(nQuotient, SignOfProduct(m_aBytes, other.m_aBytes), m_aBytes)) [[unlikely]]
     return DivideByDigits(other);
-  }
-  return StoreGood(Signed(digits, packed::SignOfProduct(a, b)));
+  return MarkGood();
 }
 
 // The divisor or the quotient does not fit a word, or the divisor is zero.
-[[gnu::noinline]] CDecimal& CDecimal::StoreLargeQuotient(Words a, Words b, const CDecimal& other) {
-  const auto [nLeft, nRight] = BinaryOf(a.nHigh, b.nHigh);
-  const auto [nLeftLow, nRightLow] = packed::BinaryOfLows(a, b);
+[[gnu::noinline]] CDecimal& CDecimal::StoreLargeQuotient(const CDecimal& other) {
+  const auto [nLeft, nRight] = BinaryOfHighs(m_aBytes, other.m_aBytes);
+  const auto [nLeftLow, nRightLow] = BinaryOfLows(m_aBytes, other.m_aBytes);
   const UInt128 nDividend = UInt128{nLeft} * kTenTo18 + nLeftLow * kTenTo10;
   const UInt128 nDivisor = UInt128{nRight} * kTenTo8 + nRightLow;
-  Words digits;
-  if (nDivisor == 0 || !DigitsOfQuotient(nDividend / nDivisor, digits))
+  const std::uint64_t nSign = SignOfProduct(m_aBytes, other.m_aBytes);
+  if (nDivisor == 0 || !StoreDecimals(nDividend / nDivisor, nSign, m_aBytes))
     return DivideByDigits(other);
-  return StoreGood(Signed(digits, packed::SignOfProduct(a, b)));
+  return MarkGood();
 }
 
 int CDecimal::Compare(const CDecimal& a, const CDecimal& b) {

@@ -52,9 +52,8 @@ TInteger FoldTo(std::uint64_t nWhole, bool bNegative) {
 CBigInt<160> CDecimal::toMathType() const {
   if (const COverflowItem* pItem = FindItem(this)) return pItem->m_MathValue;
   // Sixteen digits, and seven that count ten times.
-  const packed::Words words = packed::Load(m_aBytes);
-  const std::uint64_t nHigh = packed::BinaryOf(words.nHigh, 0).nFirst;
-  const std::uint64_t nLow = packed::BinaryOfLows(words, words).nFirst / 10;
+  const std::uint64_t nHigh = packed::BinaryOfHighs(m_aBytes, m_aBytes).nFirst;
+  const std::uint64_t nLow = packed::BinaryOfLows(m_aBytes, m_aBytes).nFirst / 10;
   return MathOf(packed::UInt128{nHigh} * kTenTo7 + nLow, IsNegative());
 }
 
@@ -67,9 +66,10 @@ CDecimal& CDecimal::fromMathType(const MathType& value) {
   if (magnitude.m_aWords[4] != 0 || nMagnitude >> 64 >= kTenTo7) return fromMathByDigits(value);
   const auto [nHigh, nLow] = packed::Divide128By64(nMagnitude, kTenTo7);
   if (nHigh >= kTenTo16) return fromMathByDigits(value);
-  packed::Words words = packed::DigitsOf(nHigh / kTenTo8, nHigh % kTenTo8, nLow * 10);
-  words.nLow |= bNegative && nMagnitude != 0 ? packed::kNegative : packed::kPositive;
-  return StoreGood(words);
+  const auto nSign = bNegative && nMagnitude != 0 ? packed::kNegative : packed::kPositive;
+  packed::StoreDigits(packed::FoursOf(nHigh / kTenTo8), nHigh % kTenTo8, nLow * 10, nSign,
+                      m_aBytes);
+  return MarkGood();
 }
 
 // The boundary between exact values and 23 digits, and the one place where overflow is found and
@@ -167,9 +167,8 @@ TInteger CDecimal::toIntType(bool bRound) const {
 // At most 14 digits.
 void CDecimal::StoreWhole(std::uint64_t nMagnitude, bool bNegative) {
   const std::uint64_t nTop = nMagnitude / 1'000'000;
-  packed::Words words = packed::DigitsOf(nTop, (nMagnitude - nTop * 1'000'000) * 100, 0);
-  words.nLow = bNegative ? packed::kNegative : packed::kPositive;
-  packed::Store(words, m_aBytes);
+  packed::StoreDigits(packed::FoursOf(nTop), (nMagnitude - nTop * 1'000'000) * 100, 0,
+                      bNegative ? packed::kNegative : packed::kPositive, m_aBytes);
 }
 
 template short CDecimal::toIntType<short>(bool) const;

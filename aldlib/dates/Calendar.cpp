@@ -1,29 +1,63 @@
 #include "aldlib/dates/Calendar.h"
 
 #include <algorithm>
+#include <array>
 
 #include "aldlib/dates/internal/Calendar.h"
+#include "aldlib/dates/internal/MonthTable.h"
 #include "aldlib/platform/Platform.h"
 #include "aldlib/text/ResourceStrings.h"
 
 namespace ald {
 namespace {
 
-constexpr int kFebruary = 2;
 constexpr int kDecember = 12;
 constexpr std::uint32_t kFirstDayName = 20220;
 
 // From 1901 to 2099 every fourth year is a leap year: no century breaks the cycle.
-constexpr std::int64_t kDaysInFourYears = 4 * 365 + 1;
 
-constinit std::uint8_t g_anMonthLength[13] = {0, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-constexpr std::int16_t kDaysBefore[13] = {0, 0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
+constexpr std::uint32_t kDaysInFourYears = 4 * 365 + 1;
+
+constexpr std::array<std::uint8_t, 13> kCommonMonthLength = {0,  31, 28, 31, 30, 31, 30,
+                                                             31, 31, 30, 31, 30, 31};
+constexpr MonthTable MakeMonthTable() {
+  MonthTable table{};
+  for (std::size_t nYear = 0; nYear < 4; ++nYear) {
+    const int nFebruary = nYear == 0 ? 29 : 28;
+    int nDaysBefore = 0;
+    for (std::size_t nMonth = 1; nMonth <= kDecember; ++nMonth) {
+      const int nLength = nMonth == kFebruary ? nFebruary : kCommonMonthLength[nMonth];
+      table[nYear << 8 | nMonth] = {static_cast<std::uint16_t>(nDaysBefore),
+                                    static_cast<std::uint8_t>(nLength),
+                                    static_cast<std::uint8_t>(nFebruary)};
+      nDaysBefore += nLength;
+    }
+  }
+  return table;
+}
 
 constinit DatesType g_earliest{};
 constinit DatesType g_latest{};
 
 std::uint8_t MonthLength(int nMonth) noexcept {
-  return nMonth >= 0 && nMonth <= kDecember ? g_anMonthLength[nMonth] : std::uint8_t{0};
+  return nMonth >= 0 && nMonth <= kDecember ? g_anMonthLength[static_cast<std::size_t>(nMonth)]
+                                            : std::uint8_t{0};
+}
+
+// FileDate of any count from 1 on. Past the last legal day every four years go on to have 1461
+// days, though February follows the centuries.
+[[gnu::noinline]] void FileAnyDate(std::int32_t nCount, DatesType& date) noexcept {
+  const std::int64_t nYears = 4 * std::int64_t{nCount} / kDaysInFourYears;
+  auto nRest = static_cast<int>(nCount - nYears * 365 - nYears / 4);  // [0, 365]
+  if (nRest == 0) {
+    // The division hands day 366 of a leap year to the year after it: give it back.
+    date = {31, kDecember, static_cast<std::uint16_t>(1900 + nYears)};
+    return;
+  }
+  date = {0, 1, static_cast<std::uint16_t>(1901 + nYears)};
+  RefreshFebruary(date.year);
+  for (; nRest > MonthLength(date.month); ++date.month) nRest -= MonthLength(date.month);
+  date.day = static_cast<std::uint8_t>(nRest);
 }
 
 int NextMonth(int nMonth) noexcept {
@@ -92,6 +126,9 @@ bool CanMoveByDays(DatesType date) noexcept {
 
 }  // namespace
 
+constinit std::array<std::uint8_t, 13> g_anMonthLength = kCommonMonthLength;
+constinit const MonthTable kMonths = MakeMonthTable();
+
 void SetDateBounds() noexcept {
   g_earliest = kEarliestDate;
   g_latest = kLatestDate;
@@ -118,10 +155,7 @@ void ClearDate(DatesType& date) noexcept {
 }
 
 unsigned char IsLegalDate(DatesType date) noexcept {
-  if (date.month < 1 || date.month > kDecember || date.day < 1 || date.day > 31) return 0;
-  if (date.year < kEarliestDate.year || date.year > kLatestDate.year) return 0;
-  RefreshFebruary(date.year);
-  return date.day <= g_anMonthLength[date.month] ? 1 : 0;
+  return IsLegal(date) ? 1 : 0;
 }
 
 std::uint16_t MONTH(DatesType date) noexcept {
@@ -146,35 +180,41 @@ void GetCurrentDate(DatesType& date) {
 }
 
 std::int32_t AbsDate(DatesType date) noexcept {
-  if (IsLegalDate(date) == 0) return 0;
-  const std::int32_t nYears = date.year - kEarliestDate.year;  // [0, 198]
-  const std::int32_t nLeapDay = date.month > kFebruary && date.year % 4 == 0 ? 1 : 0;
-  return nYears * 365 + nYears / 4 + kDaysBefore[date.month] + date.day + nLeapDay;
+  if (!IsLegal(date)) return 0;
+  // A quarter of the four years' days, rounded down, is 365 a year and one for every fourth.
+  return static_cast<std::int32_t>(YearsSinceFirst(date) * kDaysInFourYears / 4) +
+         MonthOf(date).nDaysBefore + date.day;
 }
 
 void FileDate(std::int32_t nCount, DatesType& date) noexcept {
-  if (nCount < 1) {
+  if (static_cast<std::uint32_t>(nCount) - 1 >= kLatestDay) {
     date = kEarliestDate;
+    if (nCount > 0) FileAnyDate(nCount, date);
     return;
   }
-  // 64 bits, since four times a count can pass 32.
-  const std::int64_t nYears = 4 * std::int64_t{nCount} / kDaysInFourYears;
-  const auto nRest = static_cast<int>(nCount - nYears * 365 - nYears / 4);  // [0, 365]
-  if (nRest == 0) {
-    // The division hands day 366 of a leap year to the year after it: give it back.
-    date = {31, kDecember, static_cast<std::uint16_t>(1900 + nYears)};
-    return;
+  // Years that begin in March end with the month that varies. In quarters of a day they are all of
+  // one length, 1461, and one product with 2^32 / 1461, rounded up, tells them apart: its upper
+  // half is the year, and the lower half over the factor the quarter in it. The excess of the
+  // factor adds less than 1 to that. The months begin so evenly that they are told apart likewise.
+  constexpr std::uint32_t kDaysFromMarch = 306;  // of 1900, before day 1
+  constexpr std::uint32_t kYearFactor = (std::uint64_t{1} << 32) / kDaysInFourYears + 1;
+  constexpr std::uint32_t kMonthFactor = 2141;
+  constexpr std::uint32_t kMonthStart = 3 * 65536 + 1305;
+  constexpr std::uint32_t kFirstKey = 1900U << 16 | 1;
+  constexpr std::uint32_t kNextYear = (1U << 16) - (12U << 8);  // from month 13 to January
+  const std::uint32_t nQuarters = 4 * (static_cast<std::uint32_t>(nCount) - 1 + kDaysFromMarch) + 3;
+  const std::uint64_t nYearPlace = std::uint64_t{kYearFactor} * nQuarters;
+  const std::uint32_t nDay = static_cast<std::uint32_t>(nYearPlace) / (4 * kYearFactor);
+  const std::uint32_t nMonthPlace = kMonthFactor * nDay + kMonthStart;
+  const std::uint32_t nKey = static_cast<std::uint32_t>(nYearPlace >> 32 << 16) +
+                             (nMonthPlace >> 16 << 8) + (nMonthPlace & 0xFFFF) / kMonthFactor +
+                             (nDay < kDaysFromMarch ? kFirstKey : kFirstKey + kNextYear);
+  date = DateOfKey(nKey);
+  // The last two bits of the year, which are 0 in a leap year, with the month and the day.
+  constexpr std::uint32_t kLastOfLeapYear = 12U << 8 | 31;
+  if ((nKey & 0x3FFFF) != kLastOfLeapYear) {
+    g_anMonthLength[kFebruary] = static_cast<std::uint8_t>((nKey & 0x30000) == 0 ? 29 : 28);
   }
-  const auto nYear = static_cast<std::uint16_t>(1901 + nYears);
-  RefreshFebruary(nYear);
-  // A February of 30 days would let the months begin on one straight line, (367 * month - 362) / 12
-  // days after the year: so the days that February lacks are put in before the division.
-  const int nMarch = kDaysBefore[kFebruary] + MonthLength(kFebruary);
-  const int nDay = nRest - 1 + (nRest > nMarch ? 30 - MonthLength(kFebruary) : 0);  // [0, 366]
-  const int nMonth = (12 * nDay + 373) / 367;
-  date.year = nYear;
-  date.month = static_cast<std::uint8_t>(nMonth);
-  SetDay(date, nDay - (367 * nMonth - 362) / 12 + 1);
 }
 
 DowType DayOfWeek(std::int32_t nCount) noexcept {

@@ -2,6 +2,8 @@
 
 #include "aldlib/dates/DateText.h"
 #include "aldlib/dates/internal/Calendar.h"
+#include "aldlib/dates/internal/DateCustom.h"
+#include "aldlib/dates/internal/MonthTable.h"
 #include "aldlib/platform/Characters.h"
 #include "aldlib/text/Strings.h"
 
@@ -48,9 +50,76 @@ std::uint8_t LowByte(std::uint16_t nValue) noexcept {
   return static_cast<std::uint8_t>(nValue);
 }
 
-std::uint16_t WithCentury(std::uint16_t nYear) noexcept {
-  if (nYear >= 1900) return nYear;
-  return static_cast<std::uint16_t>(nYear + (nYear < 50 ? 2000 : 1900));
+constexpr std::uint32_t WithCentury(std::uint32_t nYear) noexcept {
+  return nYear >= 1900 ? nYear : nYear + (nYear < 50 ? 2000 : 1900);
+}
+
+struct Numbers {
+  unsigned nFirst;
+  unsigned nSecond;
+  unsigned nThird;
+};
+
+// Puts the numbers of a full date in their places, the first two of which are no later than the
+// last year. False if they are none.
+[[gnu::always_inline]] inline bool PlaceNumbers(const Numbers& numbers, DatesType& date) noexcept {
+  const auto [nFirst, nSecond, nThird] = numbers;
+  if (nThird > kLatestYear) return false;
+  const auto place = [&date](unsigned nYear, unsigned nMonth, unsigned nDay) {
+    date = DateOfKey(WithCentury(nYear) << 16 | (nMonth & 0xFF) << 8 | (nDay & 0xFF));
+    return true;
+  };
+  switch (g_eDateOrder) {
+    case DateOrderMDY:
+      return place(nThird, nFirst, nSecond);
+    case DateOrderDMY:
+      return place(nThird, nSecond, nFirst);
+    case DateOrderYMD:
+      return place(nFirst, nSecond, nThird);
+  }
+  return false;
+}
+
+unsigned DigitAt(const char* szText) noexcept {
+  return static_cast<unsigned char>(*szText) - unsigned{'0'};
+}
+
+// Steps over a number of one or two digits and a separator that sorts before the digits, as blank,
+// comma, minus, point and slash do. False if something else stands there. Whether there is a second
+// digit is no branch: a processor could not guess it.
+[[gnu::always_inline]] inline bool TakeShortNumber(const char*& szText, unsigned& nValue) noexcept {
+  const unsigned nFirst = DigitAt(szText);
+  if (nFirst > 9) return false;
+  const std::ptrdiff_t nSecond = static_cast<unsigned char>(szText[1]) - std::ptrdiff_t{'0'};
+  if (nSecond > 9) return false;
+  const std::ptrdiff_t nMissing = nSecond >> (sizeof nSecond * 8 - 1);  // -1 for a separator, or 0
+  nValue = nFirst + static_cast<unsigned>((std::ptrdiff_t{9 * nFirst} + nSecond) & ~nMissing);
+  szText += 3 + nMissing;
+  return static_cast<unsigned char>(szText[-1]) - 1U < '0' - 1U;
+}
+
+// Takes the short way for what is typed most: two numbers of one or two digits and a year of two or
+// four, with one separator between them and nothing around. "7/4/03", "12-31-1999". False
+// means only that this is another text.
+[[gnu::always_inline]] inline bool ReadPlainDate(const char* szText, Numbers& numbers) noexcept {
+  if (szText == nullptr || !TakeShortNumber(szText, numbers.nFirst) ||
+      !TakeShortNumber(szText, numbers.nSecond)) {
+    return false;
+  }
+  const auto takeTwoDigits = [&szText](unsigned& nValue) {
+    const unsigned nTens = DigitAt(szText);
+    if (nTens > 9) return false;
+    const unsigned nOnes = DigitAt(szText + 1);
+    if (nOnes > 9) return false;
+    nValue = 100 * nValue + 10 * nTens + nOnes;
+    szText += 2;
+    return true;
+  };
+  unsigned nYear = 0;
+  if (!takeTwoDigits(nYear)) return false;
+  if (*szText != '\0' && (!takeTwoDigits(nYear) || *szText != '\0')) return false;
+  numbers.nThird = nYear;
+  return true;
 }
 
 // The three numbers of a date in their places. False if the text is none.
@@ -67,33 +136,60 @@ bool ReadFields(Typed& sText, bool bYearMissing, DatesType& date) noexcept {
   const std::uint16_t nSecond = NumberAt(sText, nIndex);
   if (nSecond > kLatestYear) return false;
 
-  const DateOrderType eOrder = GetDateOrder();
+  const DateOrderType eOrder = g_eDateOrder;
   if (eOrder < DateOrderMDY || eOrder > DateOrderYMD) return false;
   if (bYearMissing) {
     // The century of the fill is lost on purpose: two digits are read as two typed ones are.
     const auto nYear = static_cast<std::uint16_t>(date.year % 100);
     const bool bDayFirst = eOrder == DateOrderDMY;
     date = {LowByte(bDayFirst ? nFirst : nSecond), LowByte(bDayFirst ? nSecond : nFirst),
-            WithCentury(nYear)};
+            static_cast<std::uint16_t>(WithCentury(nYear))};
     return true;
   }
 
   nIndex = NextNumber(sText, nIndex);
   if (nIndex >= LengthOf(sText)) return false;
-  const std::uint16_t nThird = NumberAt(sText, nIndex);
-  if (nThird > kLatestYear) return false;
-  switch (eOrder) {
-    case DateOrderMDY:
-      date = {LowByte(nSecond), LowByte(nFirst), WithCentury(nThird)};
+  return PlaceNumbers({nFirst, nSecond, NumberAt(sText, nIndex)}, date);
+}
+
+// Any typed date. What is missing comes from `fill`, which is legal or empty.
+[[gnu::noinline]] void ReadTypedDate(const char* szText, DatesType& date, DatesType fill) noexcept {
+  Typed sText = Trimmed(szText);
+  date = fill;
+  bool bYearMissing = false;
+  switch (LengthOf(sText)) {
+    case 0:
+      date = {};
+      return;
+    case 1:
+    case 2: {
+      const std::uint16_t nDay = NumberAt(sText, 0);
+      if (nDay >= 1 && nDay <= 31) {
+        date.day = LowByte(nDay);
+      } else {
+        date = {};
+      }
+      return;
+    }
+    case 3:
+      bYearMissing = true;
+      Insert("0", sText, 0);
       break;
-    case DateOrderDMY:
-      date = {LowByte(nFirst), LowByte(nSecond), WithCentury(nThird)};
+    case 4:
+      bYearMissing = true;
+      if (!IsDigitAscii(sText[2])) Insert("0", sText, 0);
       break;
-    case DateOrderYMD:
-      date = {LowByte(nThird), LowByte(nSecond), WithCentury(nFirst)};
+    case 5:
+      if (IsDigitAscii(sText[2])) {
+        Insert("0", sText, 0);
+      } else {
+        bYearMissing = true;
+      }
+      break;
+    default:
       break;
   }
-  return true;
+  if ((bYearMissing && fill.month == 0) || !ReadFields(sText, bYearMissing, date)) date = {};
 }
 
 // By as few letters as tell the English months apart.
@@ -132,43 +228,13 @@ bool ReadIsoDigits(std::string_view sDigits, std::uint16_t& nValue) noexcept {
 }  // namespace
 
 void ShortStrToDate(const char* szText, DatesType& date, DatesType fill) noexcept {
-  Typed sText = Trimmed(szText);
-  if (IsLegalDate(fill) == 0) fill = {};
-  date = fill;
-  bool bYearMissing = false;
-  switch (LengthOf(sText)) {
-    case 0:
-      date = {};
-      return;
-    case 1:
-    case 2: {
-      const std::uint16_t nDay = NumberAt(sText, 0);
-      if (nDay >= 1 && nDay <= 31) {
-        date.day = LowByte(nDay);
-      } else {
-        date = {};
-      }
-      return;
-    }
-    case 3:
-      bYearMissing = true;
-      Insert("0", sText, 0);
-      break;
-    case 4:
-      bYearMissing = true;
-      if (!IsDigitAscii(sText[2])) Insert("0", sText, 0);
-      break;
-    case 5:
-      if (IsDigitAscii(sText[2])) {
-        Insert("0", sText, 0);
-      } else {
-        bYearMissing = true;
-      }
-      break;
-    default:
-      break;
+  if (!IsLegal(fill)) fill = {};
+  Numbers numbers{};
+  if (ReadPlainDate(szText, numbers)) {
+    if (!PlaceNumbers(numbers, date)) date = {};
+    return;
   }
-  if ((bYearMissing && fill.month == 0) || !ReadFields(sText, bYearMissing, date)) date = {};
+  ReadTypedDate(szText, date, fill);
 }
 
 void ShortStrToDate2(const char* szText, DatesType& date) noexcept {
@@ -198,7 +264,7 @@ void MedStrToDate(const char* szText, DatesType& date) noexcept {
   Typed sText(szText);
   UpperCase(sText);
   Trim(sText);
-  const DateOrderType eOrder = GetDateOrder();
+  const DateOrderType eOrder = g_eDateOrder;
   if (eOrder < DateOrderMDY || eOrder > DateOrderYMD) {
     date = {};
     return;

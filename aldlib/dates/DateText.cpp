@@ -1,8 +1,14 @@
 #include "aldlib/dates/DateText.h"
 
+#include <array>
+#include <bit>
+#include <cstring>
+#include <utility>
+
 #include "aldlib/dates/internal/Calendar.h"
 #include "aldlib/dates/internal/DateCustom.h"
 #include "aldlib/dates/internal/FieldText.h"
+#include "aldlib/dates/internal/MonthTable.h"
 #include "aldlib/platform/Platform.h"
 
 namespace ald {
@@ -10,11 +16,10 @@ namespace {
 
 constexpr char kFirstSeparator[] = "-";
 
-constinit DateOrderType g_eOrder = DateOrderMDY;
 constinit CFixedString<2> g_sSeparator = kFirstSeparator;
 
-bool IsWritable(DatesType date) {
-  return IsLegalDate(date) != 0 && g_eOrder >= DateOrderMDY && g_eOrder <= DateOrderYMD;
+inline bool IsWritable(DatesType date) {
+  return IsLegal(date) && g_eDateOrder >= DateOrderMDY && g_eDateOrder <= DateOrderYMD;
 }
 
 template <std::size_t N>
@@ -30,7 +35,7 @@ FieldText<N> WithName(DatesType date, std::size_t nNameLength) {
   CFixedString<static_cast<int>(N)> sName;
   GetMonthName(date.month, sName);
   const std::string_view sMonth = sName.view().substr(0, nNameLength);
-  switch (g_eOrder) {
+  switch (g_eDateOrder) {
     case DateOrderMDY:
       text.Text(sMonth).Text(" ").Number(date.day).Text(", ").Number(date.year);
       break;
@@ -44,26 +49,71 @@ FieldText<N> WithName(DatesType date, std::size_t nNameLength) {
   return text;
 }
 
-// Day and month in at least nWidth digits, the year in two.
-FieldText<12> InNumbers(DatesType date, int nWidth, std::string_view sSeparator) {
-  FieldText<12> text;
-  if (!IsWritable(date)) return text;
-  const int nYear = date.year % 100;
-  switch (g_eOrder) {
-    case DateOrderMDY:
-      text.Number(date.month, nWidth).Text(sSeparator).Number(date.day, nWidth);
-      text.Text(sSeparator).Number(nYear, 2);
-      break;
-    case DateOrderDMY:
-      text.Number(date.day, nWidth).Text(sSeparator).Number(date.month, nWidth);
-      text.Text(sSeparator).Number(nYear, 2);
-      break;
-    case DateOrderYMD:
-      text.Number(nYear, 2).Text(sSeparator).Number(date.month, nWidth);
-      text.Text(sSeparator).Number(date.day, nWidth);
-      break;
+// A number from 0 to 99 as its digits, the first in the lowest byte, and above them how many bits
+// they take. In two digits, then without a leading zero.
+constexpr std::uint32_t NumberWord(std::uint32_t nValue, bool bShort) {
+  const std::uint32_t nTens = nValue / 10;
+  const std::uint32_t nOnes = nValue % 10 + '0';
+  return bShort && nTens == 0 ? nOnes | 8U << 16 : (nTens + '0') | nOnes << 8 | 16U << 16;
+}
+constexpr auto kNumberWords = [] {
+  std::array<std::array<std::uint32_t, 100>, 2> words{};
+  for (std::uint32_t n = 0; n < 100; ++n) {
+    words[0][n] = NumberWord(n, false);
+    words[1][n] = NumberWord(n, true);
   }
-  return text;
+  return words;
+}();
+
+// As sstrcpy of a text of up to eight characters, the first in the lowest byte.
+void StoreWord(std::uint64_t nText, char* szTarget, std::int32_t nSize) noexcept {
+  if constexpr (std::endian::native == std::endian::big) nText = __builtin_bswap64(nText);
+  constexpr std::int32_t kCharacters = sizeof nText;
+  if (nSize <= kCharacters || szTarget == nullptr) {
+    char szText[kCharacters + 1]{};
+    std::memcpy(szText, &nText, sizeof nText);
+    sstrcpy(szTarget, szText, nSize);
+    return;
+  }
+  std::memcpy(szTarget, &nText, sizeof nText);
+  szTarget[kCharacters] = '\0';
+  szTarget += kCharacters + 1;
+  nSize -= kCharacters + 1;
+  if (nSize > 0) std::memset(szTarget, 0, static_cast<std::size_t>(nSize));
+}
+
+// Day and month without leading zeros if bShort, the year in two digits: eight characters at most.
+// They are put together in one word, so that no branch depends on which numbers have two digits: a
+// processor could not guess it.
+[[gnu::always_inline]] inline void StoreNumbers(DatesType date, bool bShort, bool bSeparators,
+                                                const CFixedStringParamRef& ref) {
+  std::uint64_t nText = 0;
+  if (IsWritable(date)) {
+    const std::uint64_t nSeparator =
+        static_cast<unsigned char>(bSeparators ? g_sSeparator[0] : '\0');
+    const unsigned nSeparatorBits = nSeparator != 0 ? 8 : 0;
+    const auto& words = kNumberWords[bShort ? 1 : 0];
+    const std::uint32_t nYear = kNumberWords[0][date.year % 100U];
+    std::uint32_t nFirst = words[date.month];
+    std::uint32_t nSecond = words[date.day];
+    std::uint32_t nThird = nYear;
+    if (g_eDateOrder == DateOrderDMY) {
+      std::swap(nFirst, nSecond);
+    } else if (g_eDateOrder == DateOrderYMD) {
+      nThird = nSecond;
+      nSecond = nFirst;
+      nFirst = nYear;
+    }
+    unsigned nBits = nFirst >> 16;
+    nText = (nFirst & 0xFFFF) | nSeparator << nBits;
+    nBits += nSeparatorBits;
+    nText |= std::uint64_t{nSecond & 0xFFFF} << nBits;
+    nBits += nSecond >> 16;
+    nText |= nSeparator << nBits;
+    nBits += nSeparatorBits;
+    nText |= std::uint64_t{nThird & 0xFFFF} << nBits;
+  }
+  StoreWord(nText, ref.buffer, ref.size);
 }
 
 int WidthOf(enDateFormattingType eForm) {
@@ -72,19 +122,21 @@ int WidthOf(enDateFormattingType eForm) {
 
 }  // namespace
 
+constinit DateOrderType g_eDateOrder = DateOrderMDY;
+
 void ForgetDateCustom() noexcept {
-  g_eOrder = DateOrderMDY;
+  g_eDateOrder = DateOrderMDY;
   g_sSeparator = kFirstSeparator;
 }
 
 DateOrderType SetDateOrder(DateOrderType eOrder) noexcept {
-  const DateOrderType eBefore = g_eOrder;
-  g_eOrder = eOrder;
+  const DateOrderType eBefore = g_eDateOrder;
+  g_eDateOrder = eOrder;
   return eBefore;
 }
 
 DateOrderType GetDateOrder() noexcept {
-  return g_eOrder;
+  return g_eDateOrder;
 }
 
 CFixedString<2> SetDateSeparator(const CFixedString<2>& sSeparator) noexcept {
@@ -106,16 +158,16 @@ void DateToMedStr(DatesType date, CFixedStringParamRef ref) {
 }
 
 void DateToShortStr(DatesType date, CFixedStringParamRef ref) {
-  Store(InNumbers(date, 1, g_sSeparator.view()), ref);
+  StoreNumbers(date, true, true, ref);
 }
 
 void DateToShortStr2(DatesType date, CFixedStringParamRef ref, int nSeparators) {
-  Store(InNumbers(date, 2, nSeparators != 0 ? g_sSeparator.view() : std::string_view()), ref);
+  StoreNumbers(date, false, nSeparators != 0, ref);
 }
 
 void DateToMonthYearStr(DatesType date, CFixedStringParamRef ref) {
   FieldText<6> text;
-  if (IsLegalDate(date) != 0) text.Number(date.month, 2).Text("/").Number(date.year % 100, 2);
+  if (IsLegal(date)) text.Number(date.month, 2).Text("/").Number(date.year % 100, 2);
   Store(text, ref);
 }
 
@@ -136,7 +188,7 @@ void DateToShortStrYr4(DatesType date, CFixedStringParamRef ref, enDateFormattin
 
 void DateToIsoStr(DatesType date, CFixedStringParamRef ref) {
   FieldText<11> text;
-  if (IsLegalDate(date) != 0) {
+  if (IsLegal(date)) {
     text.Number(date.year, 4).Text("-").Number(date.month, 2).Text("-").Number(date.day, 2);
   }
   Store(text, ref);

@@ -1,18 +1,18 @@
 #include "aldlib/files/Directories.h"
 
+#include "aldlib/files/internal/DirectoryState.h"
 #include "aldlib/platform/Characters.h"
 #include "aldlib/platform/Platform.h"
 #include "aldlib/text/Strings.h"
 
 namespace ald {
+
+constinit DirectoryState g_directories;
+
 namespace {
 
 constexpr std::uint64_t kUnknownSpace = UINT32_MAX;
 constexpr std::size_t kLongestPath = 259;
-
-// The one search of the process. CloseFinds leaves the number here, so the next start closes it
-// once more; the port does not use a number again.
-constinit SearchHandle g_hSearch = kNoSearch;
 
 Volumes& SystemVolumes() {
   return CurrentPlatform().volumes;
@@ -52,8 +52,8 @@ unsigned char GetDir(std::uint16_t nDrive, CPathNameString& sFolder) {
 }
 
 unsigned char GetFullDir(CPathNameString& sFolder) {
-  const char szDrive[] = {static_cast<char>('A' + GetDrive()), ':', '\0'};
-  sFolder = szDrive;
+  sFolder = "A:";
+  sFolder[0] = static_cast<char>('A' + GetDrive());
   CPathNameString sRest;
   if (GetDir(0, sRest) == 0) return 0;
   if (sRest[0] != '\\') sstrcat(sFolder, "\\", sFolder.GetSize());
@@ -80,22 +80,23 @@ unsigned char RemoveDir(const CPathNameString& sFolder) {
 
 unsigned char FindFirst(const char* szMask, _finddata_t* pRecord) {
   CloseFinds();
-  g_hSearch = kNoSearch;
+  g_directories.hSearch = kNoSearch;
   if (szMask != nullptr && pRecord != nullptr) {
-    g_hSearch = SystemVolumes().StartSearch(szMask, *pRecord);
+    g_directories.hSearch = SystemVolumes().StartSearch(szMask, *pRecord);
   }
-  return g_hSearch != kNoSearch ? 1 : 0;
+  return g_directories.hSearch != kNoSearch ? 1 : 0;
 }
 
 unsigned char FindNext(_finddata_t* pRecord) {
-  if (pRecord != nullptr && SystemVolumes().ContinueSearch(g_hSearch, *pRecord)) return 1;
+  if (pRecord != nullptr && SystemVolumes().ContinueSearch(g_directories.hSearch, *pRecord))
+    return 1;
   CloseFinds();
-  g_hSearch = kNoSearch;
+  g_directories.hSearch = kNoSearch;
   return 0;
 }
 
 void CloseFinds() {
-  if (g_hSearch != kNoSearch) SystemVolumes().EndSearch(g_hSearch);
+  if (g_directories.hSearch != kNoSearch) SystemVolumes().EndSearch(g_directories.hSearch);
 }
 
 unsigned char ALWFindFirstFile(_finddata_t* pRecord, CPathNameString& sPath,

@@ -16,6 +16,15 @@ bool CException::GetErrorMessage(char* szError, unsigned nMaxError) noexcept {
   return false;
 }
 
+CRuntimeClass* CObject::GetRuntimeClass() const {
+  static CRuntimeClass s_class{"CObject"};
+  return &s_class;
+}
+CObject::~CObject() = default;
+void CObject::Serialize(CArchive&) {}
+void CObject::AssertValid() const {}
+void CObject::Dump(CDumpContext&) const {}
+
 CWnd::~CWnd() = default;
 
 namespace {

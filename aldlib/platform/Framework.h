@@ -8,8 +8,9 @@
 namespace ald {
 
 // The least that the library needs of the application framework: the exceptions that an
-// application's catch blocks hand to HandleCatch, none of which the library throws itself, and the
-// object that stands for a window.
+// application's catch blocks hand to HandleCatch, none of which the library throws itself, the
+// object that stands for a window, and the base of objects that an application may keep in its own
+// collections.
 
 class ALDLIB_EXPORT CException {
  public:
@@ -32,6 +33,30 @@ class ALDLIB_EXPORT COleException : public CException {
 class ALDLIB_EXPORT CUserException : public CException {
  public:
   ~CUserException() override;
+};
+
+// What tells an object's class at run time.
+struct CRuntimeClass {
+  const char* m_lpszClassName;
+};
+
+class CArchive;      // of the application's framework; the library only passes it on
+class CDumpContext;  // likewise
+
+// The base of the framework's objects. The library's own have nothing to store and nothing to
+// check, so that Serialize, AssertValid and Dump do nothing.
+class ALDLIB_EXPORT CObject {
+ public:
+  virtual CRuntimeClass* GetRuntimeClass() const;
+  virtual ~CObject();
+  virtual void Serialize(CArchive& archive);
+  virtual void AssertValid() const;
+  virtual void Dump(CDumpContext& context) const;
+
+ protected:
+  CObject() = default;
+  CObject(const CObject&) = default;
+  CObject& operator=(const CObject&) = default;
 };
 
 // The framework's object for a window. It owns nothing: the window lives and dies on the desktop.

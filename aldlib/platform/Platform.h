@@ -6,11 +6,13 @@
 #include "aldlib/platform/Files.h"
 #include "aldlib/platform/Locale.h"
 #include "aldlib/platform/Machine.h"
+#include "aldlib/platform/Processes.h"
 #include "aldlib/platform/Product.h"
 #include "aldlib/platform/Profile.h"
 #include "aldlib/platform/Registry.h"
 #include "aldlib/platform/Resources.h"
 #include "aldlib/platform/Volumes.h"
+#include "aldlib/platform/Windows.h"
 
 namespace ald {
 
@@ -26,6 +28,7 @@ struct Platform {
   Clock& clock;
   Files& files;
   Volumes& volumes;
+  Processes& processes;
   Desktop desktop;
 };
 

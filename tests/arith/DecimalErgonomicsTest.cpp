@@ -136,8 +136,9 @@ TEST(DecimalErgonomics, ShowsItselfInTheUsersWayForDiagnostics) {
   } customs;
   customs.settings = {3, true, "3;2;0", ",", ".", 0};
   const Platform& own = CurrentPlatform();
-  const Platform platform{own.resources, own.machine, customs,   own.profile, own.registry,
-                          own.product,   own.clock,   own.files, own.volumes, own.desktop};
+  const Platform platform{own.resources, own.machine,   customs,    own.profile,
+                          own.registry,  own.product,   own.clock,  own.files,
+                          own.volumes,   own.processes, own.desktop};
   InstallPlatform(&platform);
   CDecimal::ForgetDebugFormat();
   const CDecimal value = -1234567.0625_dec;

@@ -70,6 +70,13 @@ std::uint64_t WordOf(std::uint64_t nNumber) {
   return Load(bytes).nHigh;
 }
 
+Words StoredDigits(std::uint64_t nTop, std::uint64_t nMiddle, std::uint64_t nLow,
+                   std::uint64_t nSign) {
+  Bytes bytes{};
+  StoreDigits(FoursOf(nTop), nMiddle, nLow, nSign, bytes);
+  return Load(bytes);
+}
+
 struct PlainSum {
   Bytes bytes;
   bool bCarry;
@@ -114,6 +121,7 @@ TEST(PackedWords, JudgeEverySignNibble) {
       if (!HavePlainSigns(a, b)) continue;
       EXPECT_EQ(HaveLikeSigns(a, b), nLeft == nRight);
       EXPECT_EQ(SignOfProduct(a, b), nLeft == nRight ? kPositive : kNegative);
+      EXPECT_EQ(SignOfProduct(BytesOf(a), BytesOf(b)), SignOfProduct(a, b));
     }
   }
 }
@@ -177,12 +185,15 @@ TEST(PackedWords, SpellEveryFourDigitsAndEveryStepOfTheDivisionByTenThousand) {
   for (std::uint64_t nFour = 0; nFour < kTenTo4; ++nFour) {
     const std::uint64_t nStep = nFour * kTenTo4;
     const std::uint64_t nBeforeNext = nStep + kTenTo4 - 1;
-    const Words digits = DigitsOf(nStep, nBeforeNext, nStep + nFour);
-    ASSERT_EQ(digits.nHigh, WordOf(nStep * kTenTo8 + nBeforeNext)) << nFour;
-    ASSERT_EQ(digits.nLow, WordOf(nStep + nFour)) << nFour;
-    const Pair numbers = BinaryOf(digits.nHigh, digits.nLow);
+    const Words upper = StoredDigits(nStep, nBeforeNext, 0, kPositive);
+    ASSERT_EQ(upper.nHigh, WordOf(nStep * kTenTo8 + nBeforeNext)) << nFour;
+    ASSERT_EQ(upper.nLow, kPositive) << nFour;
+    const Words lower = StoredDigits(nBeforeNext, nStep + nFour, nStep + nFour, kNegative);
+    ASSERT_EQ(lower.nHigh, WordOf(nBeforeNext * kTenTo8 + nStep + nFour)) << nFour;
+    ASSERT_EQ(lower.nLow, (WordOf(nStep + nFour) & kLowDigits) | kNegative) << nFour;
+    const Pair numbers = BinaryOf(upper.nHigh, lower.nHigh);
     ASSERT_EQ(numbers.nFirst, nStep * kTenTo8 + nBeforeNext) << nFour;
-    ASSERT_EQ(numbers.nSecond, nStep + nFour) << nFour;
+    ASSERT_EQ(numbers.nSecond, nBeforeNext * kTenTo8 + nStep + nFour) << nFour;
   }
 }
 
@@ -192,14 +203,18 @@ TEST(PackedWords, BecomeNumbersAndDigitsAgain) {
     const Pair numbers = BinaryOf(WordOf(nNumber), WordOf(nOther));
     EXPECT_EQ(numbers.nFirst, nNumber);
     EXPECT_EQ(numbers.nSecond, nOther);
-    const Words digits = DigitsOf(nNumber / kTenTo8, nNumber % kTenTo8, nOther % kTenTo8);
-    EXPECT_EQ(digits.nHigh, WordOf(nNumber));
-    EXPECT_EQ(digits.nLow, WordOf(nOther % kTenTo8));
-    // The sign takes no part in what the low words spell.
     const std::uint64_t nLow = nNumber % (kTenTo8 / 10) * 10;
     const std::uint64_t nOtherLow = nOther % (kTenTo8 / 10) * 10;
-    const Pair lows =
-        BinaryOfLows({0, WordOf(nLow) | kNegative}, {0, WordOf(nOtherLow) | kPositive});
+    const Words digits = StoredDigits(nNumber / kTenTo8, nNumber % kTenTo8, nOtherLow, kPositive);
+    EXPECT_EQ(digits.nHigh, WordOf(nNumber));
+    EXPECT_EQ(digits.nLow, WordOf(nOtherLow) | kPositive);
+    // The sign takes no part in what the low words spell.
+    const Bytes bytes = BytesOf({WordOf(nNumber), WordOf(nLow) | kNegative});
+    const Bytes other = BytesOf({WordOf(nOther), WordOf(nOtherLow) | kPositive});
+    const Pair highs = BinaryOfHighs(bytes, other);
+    EXPECT_EQ(highs.nFirst, nNumber);
+    EXPECT_EQ(highs.nSecond, nOther);
+    const Pair lows = BinaryOfLows(bytes, other);
     EXPECT_EQ(lows.nFirst, nLow);
     EXPECT_EQ(lows.nSecond, nOtherLow);
     nOther = nNumber;

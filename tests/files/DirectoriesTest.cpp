@@ -287,5 +287,58 @@ TEST_F(DirectoriesTest, NamesABackupAfterTheDay) {
   EXPECT_EQ(GenerateBaseDefaultBackupName(CString(300, 'x').c_str()), CString(259, 'x'));
 }
 
+TEST_F(DirectoriesTest, MakesATemporaryFile) {
+  CPathNameString sPath("before");
+  EXPECT_EQ(ALW_GetTempFileName("rpt", sPath), 0U) << "there is no such folder";
+  EXPECT_EQ(sPath, "before");
+  MakeDir("C:\\TEMP");
+  EXPECT_EQ(ALW_GetTempFileName("report", sPath), 2U) << "number 1 has been tried";
+  EXPECT_EQ(sPath, "C:\\TEMP\\rep2.TMP");
+  EXPECT_EQ(ALW_GetTempFileName(nullptr, sPath), 3U);
+  EXPECT_EQ(Found("C:\\TEMP\\*.TMP"), "3.TMP rep2.TMP ");
+  m_platform.m_volumes.m_sTempFolder.clear();
+  EXPECT_EQ(ALW_GetTempFileName("rpt", sPath), 0U);
+  EXPECT_EQ(ALW_GetTempFileNameExt("rpt", "TXT", sPath), 0U);
+}
+
+TEST_F(DirectoriesTest, NumbersTemporaryFilesFromTheTimeOn) {
+  MakeDir("C:\\TEMP");
+  m_platform.m_clock.m_nSeconds = 0x12340FFE;
+  CPathNameString sPath;
+  EXPECT_EQ(ALW_GetTempFileNameExt("report", "txt", sPath), 0x0FFEU);
+  EXPECT_EQ(sPath, "C:\\TEMP\\report0ffe.txt");
+  EXPECT_EQ(ALW_GetTempFileNameExt("report", "txt", sPath), 0x0FFFU);
+  EXPECT_EQ(Found("C:\\TEMP\\*.TXT"), "report0ffe.txt report0fff.txt ");
+  EXPECT_EQ(m_platform.m_files.OpenHandles(), 0U);
+
+  Disk().Write("C:\\TEMP\\REPORT1000.TXT", "somebody's");
+  EXPECT_EQ(ALW_GetTempFileNameExt("report", "txt", sPath), 0x1001U) << "nothing was made";
+  EXPECT_EQ(sPath, "C:\\TEMP\\report1000.txt");
+  EXPECT_EQ(ALW_GetTempFileNameExt("report", "txt", sPath), 0x1001U) << "and now it is";
+  EXPECT_EQ(sPath, "C:\\TEMP\\report1001.txt");
+}
+
+TEST_F(DirectoriesTest, GoesOnToAFreeNumberPastTheLastOne) {
+  MakeDir("C:\\TEMP");
+  m_platform.m_clock.m_nSeconds = 0xFFFF;
+  Disk().Write("C:\\TEMP\\affff.b", "");
+  Disk().Write("C:\\TEMP\\a10000.b", "");
+  CPathNameString sPath;
+  EXPECT_EQ(ALW_GetTempFileNameExt("a", "b", sPath), 0x10001U);
+  EXPECT_EQ(sPath, "C:\\TEMP\\a10001.b");
+  EXPECT_EQ(ALW_GetTempFileNameExt("a", "b", sPath), 0U) << "a file by the number 0";
+  EXPECT_EQ(sPath, "C:\\TEMP\\a0000.b");
+  EXPECT_EQ(ALW_GetTempFileNameExt("a", "b", sPath), 1U);
+}
+
+TEST_F(DirectoriesTest, MakesNoTemporaryFileWithoutRoomForItsName) {
+  MakeDir("C:\\TEMP");
+  CPathNameString sPath("before");
+  EXPECT_EQ(ALW_GetTempFileNameExt(CString(250, 'a').c_str(), "txt", sPath), 0U);
+  EXPECT_EQ(sPath, "before");
+  EXPECT_EQ(ALW_GetTempFileNameExt("NONE\\a", "txt", sPath), 0U);
+  EXPECT_EQ(Found("C:\\TEMP\\*.txt"), "");
+}
+
 }  // namespace
 }  // namespace ald

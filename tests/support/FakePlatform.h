@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <initializer_list>
 #include <map>
+#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -166,6 +167,67 @@ class FakeClock : public Clock {
   std::int64_t m_nSeconds = 1057309507;
 };
 
+// Processes of the test, each with its modules, the program first. A process without modules cannot
+// be looked at. A list of processes is in the order of their ids.
+class FakeProcesses : public Processes {
+ public:
+  std::uint32_t PlatformId() override { return m_nPlatformId; }
+  bool EnumerateProcesses(std::span<std::uint32_t> ids, std::size_t& nCount) override {
+    m_rooms.push_back(ids.size());
+    nCount = 0;
+    for (const auto& [nProcess, modules] : m_modules) {
+      if (nCount < ids.size()) ids[nCount++] = nProcess;
+    }
+    return m_bWorks;
+  }
+  bool EnumerateModules(std::uint32_t nProcess, std::vector<CString>& paths) override {
+    paths = m_modules[nProcess];
+    return !paths.empty();
+  }
+  std::vector<Task16> EnumerateTasks16(std::uint32_t nProcess) override {
+    return m_tasks[nProcess];
+  }
+
+  bool HasToolHelp(const char* szFunction) override { return m_sMissingFunction != szFunction; }
+  bool SnapshotProcesses(std::vector<tagPROCESSENTRY32>& processes) override {
+    processes.clear();
+    for (const auto& [nProcess, modules] : m_modules) {
+      processes.emplace_back().th32ProcessID = nProcess;
+      if (!modules.empty()) Copy(modules.front(), processes.back().szExeFile);
+    }
+    return m_bWorks;
+  }
+  bool SnapshotModules(std::uint32_t nProcess, std::vector<tagMODULEENTRY32>& modules) override {
+    modules.clear();
+    for (const CString& sPath : m_modules[nProcess]) {
+      Copy(sPath, modules.emplace_back().szExePath);
+    }
+    return !modules.empty();
+  }
+
+  ModuleHandle LoadResourceMeter(ResourceMeterFunction& pRead) override {
+    pRead = m_pMeter;
+    return m_hMeter;
+  }
+  void FreeResourceMeter(ModuleHandle) override { ++m_nMetersFreed; }
+
+  std::map<std::uint32_t, std::vector<CString>> m_modules;
+  std::map<std::uint32_t, std::vector<Task16>> m_tasks;
+  std::uint32_t m_nPlatformId = kPlatformLists;
+  bool m_bWorks = true;              // if not, there are no lists and no snapshots
+  CString m_sMissingFunction;        // of those for snapshots
+  std::vector<std::size_t> m_rooms;  // that lists were asked for with
+  ModuleHandle m_hMeter{};
+  ResourceMeterFunction m_pMeter = nullptr;
+  int m_nMetersFreed = 0;
+
+ private:
+  template <std::size_t N>
+  static void Copy(const CString& sPath, char (&szTarget)[N]) {
+    szTarget[sPath.copy(szTarget, N - 1)] = '\0';
+  }
+};
+
 // While it lives the library stands on its ports, loaded anew; afterwards on the system's own,
 // loaded anew. So each test starts with a fresh library record and leaves nothing behind.
 class FakePlatform {
@@ -198,11 +260,12 @@ class FakePlatform {
   MemoryDisk m_disk;
   MemoryFiles m_files{m_disk};
   MemoryVolumes m_volumes{m_disk};
+  FakeProcesses m_processes;
   HeadlessDesktop m_desktop{m_clock};
 
  private:
-  Platform m_platform{m_resources, m_machine, m_locale, m_profile, m_registry,
-                      m_product,   m_clock,   m_files,  m_volumes, m_desktop.Ports()};
+  Platform m_platform{m_resources, m_machine, m_locale,  m_profile,   m_registry,       m_product,
+                      m_clock,     m_files,   m_volumes, m_processes, m_desktop.Ports()};
 };
 
 // While it lives nothing but the plain door is there.

@@ -78,6 +78,9 @@ class PlatformWithQueue {
             platform.registry,
             platform.product,
             platform.clock,
+            platform.files,
+            platform.volumes,
+            platform.processes,
             Desktop{queue, d.windows, d.controls, d.canvas, d.menus, d.presenter, d.help}};
   }
 

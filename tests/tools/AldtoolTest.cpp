@@ -103,7 +103,7 @@ TEST(Checks, NamesEveryBadLineAndItsStatusAndCountsTheGoodOnes) {
         "none (DEC_BAD_FORMAT)\n"}) {
     EXPECT_THAT(outcome.sOutput, HasSubstr(szLine));
   }
-  EXPECT_THAT(outcome.sOutput, HasSubstr("Total of 3 cheques: -647.55\n20 lines were not good"));
+  EXPECT_THAT(outcome.sOutput, HasSubstr("Total of 3 cheques: -647.55\n28 lines were not good"));
 }
 
 TEST(Checks, RefusesWhatIsNoListOfChequesWithoutPrintingPartOfIt) {
@@ -113,8 +113,9 @@ TEST(Checks, RefusesWhatIsNoListOfChequesWithoutPrintingPartOfIt) {
   } rows[] = {
       {"", "is empty"},
       {"# nothing\n\n", "holds no cheque"},
-      {"A;1;1\n" + std::string(1 << 20, 'x') + ";1;1\n", "line 2 is longer than 1000 characters"},
-      {std::string("A;1;1\n\0\x01\x02", 9), "line 2 holds a control character"},
+      {"3/1/24;A;1;1\n" + std::string(1 << 20, 'x') + ";1;1\n",
+       "line 2 is longer than 1000 characters"},
+      {std::string("3/1/24;A;1;1\n\0\x01\x02", 16), "line 2 holds a control character"},
   };
   for (const auto& row : rows) {
     const Outcome outcome = RunChecksOn(row.sContents);
@@ -143,7 +144,7 @@ TEST(Checks, WritesTheChequeBelowEachAmount) {
       {"99999999999999.99", "Void  ", "$???????????????"},
   };
   for (const auto& row : rows) {
-    const Outcome outcome = RunChecksOn(std::string("A;") + row.szAmount + ";1\n");
+    const Outcome outcome = RunChecksOn(std::string("3/1/24;A;") + row.szAmount + ";1\n");
     const std::string sWords = (row.szWords + sDots).substr(0, 80);
     EXPECT_THAT(outcome.sOutput, HasSubstr("\n       " + sWords + "  ")) << row.szAmount;
     const std::size_t nField = outcome.sOutput.find('$');
@@ -183,9 +184,38 @@ TEST(Words, WritesTheLineOfACheque) {
 }
 
 TEST(Checks, ReadsLinesThatEndInTheOldWay) {
-  const Outcome outcome = RunChecksOn("A; 1.50; 1\r\nB; 2.25; 2");
+  const Outcome outcome = RunChecksOn("3/1/24; A; 1.50; 1\r\n2; B; 2.25; 2");
   EXPECT_EQ(outcome.nStatus, 0);
   EXPECT_THAT(outcome.sOutput, EndsWith("Total of 2 cheques: 3.75\n"));
+}
+
+TEST(Find, TellsLineAndColumnsInEitherDirection) {
+  const Outcome outcome = RunAldtool("find -c -b 1250 " EXAMPLES "/checks/march.txt");
+  EXPECT_EQ(outcome.nStatus, 0);
+  const std::size_t nLine17 = outcome.sOutput.find("   17  Harrowgate");
+  const std::size_t nLine6 = outcome.sOutput.find("    6  #");
+  EXPECT_LT(nLine17, nLine6);
+  EXPECT_NE(nLine6, std::string::npos);
+  EXPECT_THAT(outcome.sOutput, EndsWith("at 58-61, 48-52\n"));
+  EXPECT_EQ(RunAldtool("find Zz " EXAMPLES "/checks/march.txt").nStatus, 1);
+  EXPECT_EQ(RunAldtool("find Zz no-such-file").nStatus, 2);
+}
+
+// A wildcard leads a search backward to the same match for ever.
+TEST(Find, ComesToAnEndBackwardWithWildcards) {
+  const Outcome outcome = RunAldtool("find -w -b 'H*P' " EXAMPLES "/checks/march.txt");
+  EXPECT_EQ(outcome.nStatus, 0);
+  EXPECT_THAT(outcome.sOutput, HasSubstr("at 1-12"));
+}
+
+TEST(Ps, ListsItselfAndWhoHasLoadedALibrary) {
+  const Outcome all = RunAldtool("ps");
+  EXPECT_EQ(all.nStatus, 0);
+  EXPECT_THAT(all.sOutput, HasSubstr("\\aldtool\n"));
+  const Outcome library = RunAldtool("ps LIBALDLIB.so.1.0.0");
+  EXPECT_EQ(library.nStatus, 0);
+  EXPECT_THAT(library.sOutput, HasSubstr("\\libaldlib.so.1.0.0\n"));
+  EXPECT_EQ(RunAldtool("ps no-such-library").nStatus, 1);
 }
 
 }  // namespace

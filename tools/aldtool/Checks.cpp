@@ -15,6 +15,7 @@
 #include "tools/aldtool/Commands.h"
 #include "tools/aldtool/TextFile.h"
 #include "tools/aldtool/TypedAmount.h"
+#include "tools/aldtool/TypedDate.h"
 
 namespace aldtool {
 
@@ -23,6 +24,7 @@ namespace {
 using ald::CDecimal;
 
 struct Cheque {
+  ald::DatesType date{};
   std::string_view sPayee;
   CDecimal amount;
   std::uint16_t nParts = 0;
@@ -68,30 +70,53 @@ std::string ReadParts(std::string_view sText, std::uint16_t& nParts) {
   return {};
 }
 
-// Reads "payee; amount; split count". Returns what is wrong, or an empty text.
-std::string ReadCheque(std::string_view sLine, Cheque& cheque) {
-  std::string_view aFields[3];
+// Where dates are taken from and where they may lie.
+struct Days {
+  ald::DatesType last{};  // the date of the line before; empty if there was none
+  FiscalYears years;      // empty until the first date has been read
+};
+
+std::string ReadDate(std::string_view sText, Days& days, ald::DatesType& date) {
+  const std::string sTrouble = ReadTypedDate(ald::CodePage1252FromUtf8(sText), days.last, date);
+  const std::string sSubject =
+      sText.empty() ? "the date " : "the date '" + std::string(sText) + "' ";
+  if (!sTrouble.empty()) return sSubject + sTrouble;
+  if (days.years.IsEmpty()) days.years = FiscalYears({1, 1, date.year});
+  if (days.years.Find(date) == 0) {
+    const ald::FromTo range = days.years.Range();
+    return sSubject + "lies outside of the fiscal years from " + Iso(range.From) + " to " +
+           Iso(range.To);
+  }
+  days.last = date;
+  return {};
+}
+
+// Reads "date; payee; amount; split count". Returns what is wrong, or an empty text.
+std::string ReadCheque(std::string_view sLine, Days& days, Cheque& cheque) {
+  constexpr int kFields = 4;
+  std::string_view aFields[kFields];
   int nFields = 0;
   for (std::size_t nStart = 0; nStart <= sLine.size();) {
     const std::size_t nEnd = std::min(sLine.find(';', nStart), sLine.size());
-    if (nFields < 3) aFields[nFields] = Trimmed(sLine.substr(nStart, nEnd - nStart));
+    if (nFields < kFields) aFields[nFields] = Trimmed(sLine.substr(nStart, nEnd - nStart));
     ++nFields;
     nStart = nEnd + 1;
   }
-  if (nFields != 3) {
+  if (nFields != kFields) {
     return "has " + std::to_string(nFields) + (nFields == 1 ? " field" : " fields") +
-           " where payee; amount; split count are wanted";
+           " where date; payee; amount; split count are wanted";
   }
-  cheque.sPayee = aFields[0];
-  if (cheque.sPayee.empty()) return "the payee is missing";
-  std::string sTrouble = ReadAmount(aFields[1], cheque.amount);
-  if (sTrouble.empty()) sTrouble = ReadParts(aFields[2], cheque.nParts);
+  std::string sTrouble = ReadDate(aFields[0], days, cheque.date);
+  cheque.sPayee = aFields[1];
+  if (sTrouble.empty() && cheque.sPayee.empty()) sTrouble = "the payee is missing";
+  if (sTrouble.empty()) sTrouble = ReadAmount(aFields[2], cheque.amount);
+  if (sTrouble.empty()) sTrouble = ReadParts(aFields[3], cheque.nParts);
   return sTrouble;
 }
 
 }  // namespace
 
-int RunChecks(const std::string& sPath) {
+int RunChecks(const std::string& sPath, const std::string& sStart) {
   TextFile file;
   ReadTextFile(sPath, file);
   if (!file.sTrouble.empty()) {
@@ -99,11 +124,20 @@ int RunChecks(const std::string& sPath) {
     return kUnusable;
   }
 
-  const auto row = [](auto line, std::string_view sPayee, std::string_view sAmount, auto parts,
-                      std::string_view sShare, std::string_view sTotal) {
-    std::cout << std::setw(5) << line << "  " << std::left << std::setw(32) << sPayee << std::right
-              << std::setw(24) << sAmount << std::setw(7) << parts << std::setw(26) << sShare
-              << std::setw(27) << sTotal;
+  Days days;
+  if (!sStart.empty()) {
+    ald::DatesType start{};
+    if (!ReadDateArgument("the start", sStart, {}, start)) return kUnusable;
+    days = {start, FiscalYears(start)};
+  }
+
+  const auto row = [](auto line, std::string_view sDate, auto period, std::string_view sPayee,
+                      std::string_view sAmount, auto parts, std::string_view sShare,
+                      std::string_view sTotal) {
+    std::cout << std::setw(5) << line << "  " << std::left << std::setw(12) << sDate << std::right
+              << std::setw(8) << period << "  " << std::left << std::setw(32) << sPayee
+              << std::right << std::setw(24) << sAmount << std::setw(7) << parts << std::setw(26)
+              << sShare << std::setw(27) << sTotal;
   };
   CDecimal total;
   int nGood = 0;
@@ -113,11 +147,11 @@ int RunChecks(const std::string& sPath) {
     const std::string_view sLine = Trimmed(file.lines[i]);
     if (sLine.empty() || sLine.front() == '#') continue;
     if (nGood + nBad == 0) {
-      row("line", "payee", "amount", "parts", "share", "running total");
+      row("line", "date", "period", "payee", "amount", "parts", "share", "running total");
       std::cout << '\n';
     }
     Cheque cheque;
-    const std::string sTrouble = ReadCheque(sLine, cheque);
+    const std::string sTrouble = ReadCheque(sLine, days, cheque);
     if (!sTrouble.empty()) {
       ++nBad;
       std::cout << std::setw(5) << i + 1 << "  ! " << sTrouble << '\n';
@@ -128,7 +162,8 @@ int RunChecks(const std::string& sPath) {
     total += cheque.amount;
     const bool bPastTheLimit = ald::IsOverflow(CDecimal::GetLastStatus());
     const CDecimal share = cheque.amount / CDecimal(cheque.nParts);
-    row(i + 1, cheque.sPayee, Money(cheque.amount), cheque.nParts, Money(share), Money(total));
+    row(i + 1, Medium(cheque.date), days.years.Find(cheque.date), cheque.sPayee,
+        Money(cheque.amount), cheque.nParts, Money(share), Money(total));
     std::cout << (bPastTheLimit ? " *\n" : "\n");
     PrintCheque(cheque.amount);
     nPastTheLimit += bPastTheLimit ? 1 : 0;

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "aldlib/text/WildcardSearch.h"
+
 // The commands of aldtool, one file each. They write to standard output, complain on standard
 // error, and return the exit status of the program.
 namespace aldtool {
@@ -15,12 +17,36 @@ inline constexpr int kUnusable = 2;  // nothing could be done; nothing was print
 int RunAmount(const std::string& sTyped);
 int RunCalc(const std::string& sExpression);
 int RunChecks(const std::string& sPath);
+// Prints the lines of a file in which the pattern is found, backward the last line first. Returns
+// kBadLines if there is none.
+int RunFind(const std::string& sPattern, const std::string& sPath,
+            const ald::SearchBehavior& behavior);
 int RunErrorLog(const std::string& sPath);
 // Fills the placeholders with the arguments; the texts of the file, if one is named, come first.
 int RunMessage(std::uint16_t nNumber, const std::vector<std::string>& arguments,
                const std::string& sTextsPath);
 int RunTexts(const std::string& sPath);
 int RunName(const std::string& sTyped);
+// The start is that of the fiscal years, empty for January 1 of the first cheque's year.
+int RunChecks(const std::string& sPath, const std::string& sStart);
+// Empty: today for sFill, the region's order for sOrder, January 1 for the start of fiscal years.
+int RunDate(const std::string& sTyped, const std::string& sFill, const std::string& sOrder,
+            const std::string& sStart);
+// A count from 2 to kMostPeriods.
+inline constexpr int kMostPeriods = 1000;
+int RunPeriods(int nCount, const std::string& sStart);
+// Prints all processes, or who has loaded a program or library of that file name. Returns kBadLines
+// if nobody has.
+int RunPs(const std::string& sName);
+// Lists which data files of a company are in the folder.
+int RunCompany(const std::string& sFolder);
+
+// The file layer by hand: a text's characters and its lines as the library reads them, a copy, and
+// a range of bytes locked until the input ends.
+int RunFileCat(const std::string& sPath);
+int RunFileLines(const std::string& sPath);
+int RunFileCopy(const std::string& sFrom, const std::string& sTo);
+int RunFileLock(const std::string& sPath, std::int32_t nStart, std::int32_t nLength);
 int RunWhere();
 int RunWords(const std::string& sTyped);
 

@@ -92,6 +92,9 @@ inline constexpr std::uint64_t kPlusBit = 2;
 [[gnu::always_inline]] inline std::uint64_t SignOfProduct(Words a, Words b) {
   return kSignMask ^ ((a.nLow ^ b.nLow) & kPlusBit);
 }
+[[gnu::always_inline]] inline std::uint64_t SignOfProduct(const Bytes& a, const Bytes& b) {
+  return kSignMask ^ ((a[kBytes - 1] ^ b[kBytes - 1]) & kPlusBit);
+}
 
 // The sum of two words and a carry; returns the carry out of it.
 [[gnu::always_inline]] inline bool AddWithCarry(bool bCarry, std::uint64_t a, std::uint64_t b,
@@ -249,6 +252,36 @@ namespace internal {
   __asm__("" : "+x"(value));
   return value;
 }
+
+// Both halves hold sixteen digits as they stand in memory, the highest in the lowest byte; each
+// four bytes become the number of eight digits that they spell.
+[[gnu::always_inline]] inline __m128i EightDigitsEach(__m128i digits) {
+  // A byte of two nibbles, 16h + l, less a quarter and an eighth of 16h, counts tens.
+  const __m128i sixteens = _mm_and_si128(digits, _mm_set1_epi8(static_cast<char>(0xF0)));
+  const __m128i hundreds =  // bytes 0 to 99
+      _mm_sub_epi8(_mm_sub_epi8(digits, _mm_srli_epi16(sixteens, 2)), _mm_srli_epi16(sixteens, 3));
+  const __m128i thousands =  // 16 bits, 0 to 9999
+      _mm_add_epi16(_mm_mullo_epi16(_mm_and_si128(hundreds, _mm_set1_epi16(0xFF)),
+                                    Opaque(_mm_set1_epi16(100))),
+                    _mm_srli_epi16(hundreds, 8));
+  return _mm_madd_epi16(thousands, _mm_set1_epi32(1 << 16 | 10000));
+}
+
+// Each half becomes the number that its sixteen digits spell.
+[[gnu::always_inline]] inline __m128i SixteenDigitsEach(__m128i digits) {
+  const __m128i millions = EightDigitsEach(digits);
+  return _mm_add_epi64(_mm_mul_epu32(millions, _mm_set1_epi64x(100'000'000)),
+                       _mm_srli_epi64(millions, 32));
+}
+
+[[gnu::always_inline]] inline std::uint64_t LowerHalf(__m128i value) {
+  return static_cast<std::uint64_t>(_mm_cvtsi128_si64(value));
+}
+// Not by an instruction that leaves a part of its destination as it was, which would wait for
+// whatever used that register before.
+[[gnu::always_inline]] inline std::uint64_t UpperHalf(__m128i value) {
+  return LowerHalf(_mm_shuffle_epi32(value, 0xEE));
+}
 #endif
 
 }  // namespace internal
@@ -261,24 +294,12 @@ struct Pair {
 // The numbers that two words of sixteen digits spell.
 [[gnu::always_inline]] inline Pair BinaryOf(std::uint64_t nFirst, std::uint64_t nSecond) {
 #if ALDLIB_PACKED_SSE2
-  using internal::Opaque;
-  const __m128i digits = _mm_unpacklo_epi64(_mm_cvtsi64_si128(static_cast<long long>(nFirst)),
-                                            _mm_cvtsi64_si128(static_cast<long long>(nSecond)));
-  // A byte of two nibbles counts sixteens where it should count tens.
-  const __m128i tens = _mm_and_si128(_mm_srli_epi16(digits, 4), _mm_set1_epi8(0x0F));
-  const __m128i sixfold = _mm_mullo_epi16(tens, Opaque(_mm_set1_epi16(6)));
-  const __m128i hundreds = _mm_sub_epi8(digits, sixfold);  // bytes 0 to 99
-  const __m128i thousands =                                // 16 bits, 0 to 9999
-      _mm_add_epi16(_mm_and_si128(hundreds, _mm_set1_epi16(0xFF)),
-                    _mm_mullo_epi16(_mm_srli_epi16(hundreds, 8), Opaque(_mm_set1_epi16(100))));
-  const __m128i millions =  // 32 bits, eight digits
-      _mm_madd_epi16(thousands, _mm_set1_epi32(10000 << 16 | 1));
-  // With the upper eight digits u and the lower ones v, 2^32 u + v becomes 10^8 u + v.
-  const __m128i numbers = _mm_sub_epi64(
-      millions,
-      _mm_mul_epu32(_mm_srli_epi64(millions, 32), _mm_set1_epi64x(0x1'0000'0000 - 100'000'000)));
-  return {static_cast<std::uint64_t>(_mm_cvtsi128_si64(numbers)),
-          static_cast<std::uint64_t>(_mm_cvtsi128_si64(_mm_unpackhi_epi64(numbers, numbers)))};
+  const auto half = [](std::uint64_t n) {
+    return _mm_cvtsi64_si128(static_cast<long long>(__builtin_bswap64(n)));
+  };
+  const __m128i numbers =
+      internal::SixteenDigitsEach(_mm_unpacklo_epi64(half(nFirst), half(nSecond)));
+  return {internal::LowerHalf(numbers), internal::UpperHalf(numbers)};
 #else
   const auto convert = [](std::uint64_t n) {
     n = internal::EightDigitsTwice(n);
@@ -288,39 +309,77 @@ struct Pair {
 #endif
 }
 
-// The numbers that the low words spell, ten times what their seven digits count.
-[[gnu::always_inline]] inline Pair BinaryOfLows(Words a, Words b) {
+// The numbers that the sixteen upper digits of two values spell.
+[[gnu::always_inline]] inline Pair BinaryOfHighs(const Bytes& a, const Bytes& b) {
+#if ALDLIB_PACKED_SSE2
+  const auto half = [](const Bytes& bytes) {
+    return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(bytes.data()));
+  };
+  const __m128i numbers = internal::SixteenDigitsEach(_mm_unpacklo_epi64(half(a), half(b)));
+  return {internal::LowerHalf(numbers), internal::UpperHalf(numbers)};
+#else
+  return BinaryOf(Load(a).nHigh, Load(b).nHigh);
+#endif
+}
+
+// Those that the low words spell, ten times what their seven digits count.
+[[gnu::always_inline]] inline Pair BinaryOfLows(const Bytes& a, const Bytes& b) {
+#if ALDLIB_PACKED_SSE2
+  const auto quarter = [](const Bytes& bytes) {
+    int nWord;
+    std::memcpy(&nWord, bytes.data() + 8, 4);
+    return _mm_cvtsi32_si128(nWord);
+  };
+  const __m128i digits =
+      _mm_and_si128(_mm_unpacklo_epi32(quarter(a), quarter(b)), _mm_set1_epi32(~0x0F000000));
+  const std::uint64_t n = internal::LowerHalf(internal::EightDigitsEach(digits));
+  return {n & 0xFFFFFFFF, n >> 32};
+#else
   const std::uint64_t n =
-      internal::EightDigitsTwice((a.nLow & kLowDigits) << 32 | (b.nLow & kLowDigits));
+      internal::EightDigitsTwice((Load(a).nLow & kLowDigits) << 32 | (Load(b).nLow & kLowDigits));
   return {n >> 32, n & 0xFFFFFFFF};
+#endif
 }
 
-// Eight digits as two numbers of four, q above r in 32 bits: n - 10^4 q + 2^16 q. n / 10^4 is n *
-// 3518437209 >> 45 for every n below 2^32.
+// Eight digits as two numbers of four in 32 bits, the upper one q below the lower one r, as memory
+// has them: 2^16 (n - 10^4 q) + q. n / 10^4 is n * 3518437209 >> 45 for every n below 2^32.
 [[gnu::always_inline]] inline std::uint64_t FoursOf(std::uint64_t n) {
-  return n + (n * 3518437209 >> 45) * (0x10000 - 10000);
+  return (n << 16) - (n * 3518437209 >> 45) * ((10000 << 16) - 1);
 }
 
-// The digits of numbers of four digits, sixteen bits each.
-[[gnu::always_inline]] inline Words DigitsOfFours(std::uint64_t nHigh, std::uint64_t nLow) {
+// Stores the digits of three numbers below 10^8, one behind the other; the top one comes split by
+// FoursOf. The last digit makes place for the sign.
+[[gnu::always_inline]] inline void StoreDigits(std::uint64_t nTopFours, std::uint64_t nMiddle,
+                                               std::uint64_t nLow, std::uint64_t nSign,
+                                               Bytes& bytes) {
 #if ALDLIB_PACKED_SSE2
   using internal::Opaque;
-  const __m128i fours = _mm_unpacklo_epi64(_mm_cvtsi64_si128(static_cast<long long>(nHigh)),
-                                           _mm_cvtsi64_si128(static_cast<long long>(nLow)));
-  // Of 1000a + 100b + 10c + d: each ten, hundred and thousand weighs sixteen times the place below
-  // it instead of ten.
+  const auto half = [](std::uint64_t n) { return _mm_cvtsi64_si128(static_cast<long long>(n)); };
+  // FoursOf of both, and the top beside the low one.
+  const __m128i numbers = _mm_unpacklo_epi64(half(nLow), half(nMiddle));
+  const __m128i upper = _mm_srli_epi64(_mm_mul_epu32(numbers, _mm_set1_epi64x(3518437209)), 45);
+  const __m128i both = _mm_sub_epi64(_mm_slli_epi64(numbers, 16),
+                                     _mm_mul_epu32(upper, _mm_set1_epi64x((10000 << 16) - 1)));
+  const __m128i fours =
+      _mm_shuffle_epi32(_mm_or_si128(both, half(nTopFours << 32)), _MM_SHUFFLE(3, 0, 2, 1));
+  // Of 1000a + 100b + 10c + d: c and d become the upper byte, which memory has last, a and b the
+  // lower one. The very last digit weighs nothing.
   const __m128i tens = _mm_mulhi_epu16(fours, _mm_set1_epi16(6554));
   const __m128i hundreds = _mm_srli_epi16(_mm_mulhi_epu16(fours, _mm_set1_epi16(5243)), 3);
   const __m128i thousands = _mm_srli_epi16(_mm_mulhi_epu16(fours, _mm_set1_epi16(8389)), 7);
-  const __m128i digits =
-      _mm_add_epi16(_mm_add_epi16(fours, _mm_mullo_epi16(tens, Opaque(_mm_set1_epi16(6)))),
-                    _mm_add_epi16(_mm_mullo_epi16(hundreds, Opaque(_mm_set1_epi16(96))),
-                                  _mm_mullo_epi16(thousands, Opaque(_mm_set1_epi16(1536)))));
-  return {static_cast<std::uint64_t>(_mm_cvtsi128_si64(digits)),
-          static_cast<std::uint64_t>(_mm_cvtsi128_si64(_mm_unpackhi_epi64(digits, digits)))};
+  const __m128i digits = _mm_add_epi16(
+      _mm_add_epi16(
+          _mm_mullo_epi16(fours, Opaque(_mm_setr_epi16(256, 256, 256, 256, 256, 0, 0, 0))),
+          _mm_mullo_epi16(tens, Opaque(_mm_setr_epi16(1536, 1536, 1536, 1536, 1536, 4096, 0, 0)))),
+      _mm_add_epi16(_mm_mullo_epi16(hundreds, Opaque(_mm_set1_epi16(24577))),
+                    _mm_mullo_epi16(thousands, Opaque(_mm_set1_epi16(6)))));
+  _mm_storel_epi64(reinterpret_cast<__m128i*>(bytes.data()), digits);
+  const auto nLast = static_cast<std::uint32_t>(internal::UpperHalf(digits) | nSign << 24);
+  std::memcpy(bytes.data() + 8, &nLast, 4);
 #else
-  const auto convert = [](std::uint64_t n) {  // two numbers of four digits, 32 bits apart
+  const auto convert = [](std::uint64_t n) {  // two numbers of four digits
     constexpr std::uint64_t kLowByte = 0x000000FF000000FF;
+    n = (n & 0xFFFF) << 32 | (n >> 16 & 0xFFFF);
     const std::uint64_t nHundreds = (n * 5243 >> 19) & kLowByte;
     n = n - 100 * nHundreds + (nHundreds << 16);  // four of two digits
     const std::uint64_t nTens = (n * 103 >> 10) & 0x000F000F000F000F;
@@ -328,16 +387,10 @@ struct Pair {
     n = (n | n >> 8) & 0x0000FFFF0000FFFF;
     return (n | n >> 16) & 0xFFFFFFFF;
   };
-  const auto spread = [](std::uint64_t n) { return (n & 0xFFFF) | (n & 0xFFFF0000) << 16; };
-  return {convert(spread(nHigh >> 32)) << 32 | convert(spread(nHigh)), convert(spread(nLow))};
+  Store({convert(nTopFours) << 32 | convert(FoursOf(nMiddle)),
+         (convert(FoursOf(nLow)) & kLowDigits) | nSign},
+        bytes);
 #endif
-}
-
-// The digits of three numbers below 10^8, one behind the other. The place of the last digit is free
-// for a sign.
-[[gnu::always_inline]] inline Words DigitsOf(std::uint64_t nTop, std::uint64_t nMiddle,
-                                             std::uint64_t nLow) {
-  return DigitsOfFours(FoursOf(nTop) << 32 | FoursOf(nMiddle), FoursOf(nLow));
 }
 
 struct Division {

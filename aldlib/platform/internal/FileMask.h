@@ -1,13 +1,10 @@
 #pragma once
 
-#include <algorithm>
 #include <string_view>
-#include <vector>
 
 #include "aldlib/platform/Characters.h"
-#include "aldlib/platform/Types.h"
 
-// Names of files against masks with wildcards, and their order.
+// Names of files against masks with wildcards.
 namespace ald {
 
 constexpr bool HasWildcards(std::string_view sName) {
@@ -19,7 +16,8 @@ constexpr bool MatchesAll(std::string_view sMask) {
   return sMask == "*" || sMask == "*.*";
 }
 
-// The mask as one without special cases: "*.*" becomes "*".
+// "*" stands for any characters, "?" for one, or for none before a full stop and at the end.
+// Letters of either case are the same.
 constexpr bool MatchesMask(std::string_view sMask, std::string_view sName) noexcept {
   if (MatchesAll(sMask)) return true;
   // A full stop at the end of a mask is met by a name without one.
@@ -48,19 +46,6 @@ constexpr bool MatchesMask(std::string_view sMask, std::string_view sName) noexc
       return false;
     }
   }
-}
-
-// The order of FoldedName.
-inline bool GoesBefore(std::string_view sFirst, std::string_view sSecond) noexcept {
-  const auto [itFirst, itSecond] =
-      std::mismatch(sFirst.begin(), sFirst.end(), sSecond.begin(), sSecond.end(),
-                    [](char a, char b) { return CharUpper(a) == CharUpper(b); });
-  if (itFirst == sFirst.end() || itSecond == sSecond.end()) {
-    if (itFirst == sFirst.end() && itSecond == sSecond.end()) return sFirst < sSecond;
-    return itFirst == sFirst.end();
-  }
-  return static_cast<unsigned char>(CharUpper(*itFirst)) <
-         static_cast<unsigned char>(CharUpper(*itSecond));
 }
 
 }  // namespace ald

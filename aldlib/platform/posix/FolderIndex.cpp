@@ -27,9 +27,9 @@ bool IsSameName(std::string_view sFirst, std::string_view sSecond) noexcept {
                     [](char a, char b) { return CharUpper(a) == CharUpper(b); });
 }
 
-bool FolderIndex::Refresh(const CString& sFolder) {
+bool FolderIndex::Refresh(const char* szFolder) {
   struct stat status {};
-  if (::stat(sFolder.c_str(), &status) != 0) {
+  if (::stat(szFolder, &status) != 0) {
     m_bSettled = false;
     m_table.clear();
     return false;
@@ -39,7 +39,7 @@ bool FolderIndex::Refresh(const CString& sFolder) {
   // Asked before the names are read: a change while they are read then shows as another state.
   m_bSettled = state.IsSettled();
   m_state = state;
-  if (!ReadNames(sFolder)) {
+  if (!ReadNames(szFolder)) {
     m_bSettled = false;
     m_table.clear();
     return false;
@@ -48,10 +48,10 @@ bool FolderIndex::Refresh(const CString& sFolder) {
   return true;
 }
 
-bool FolderIndex::ReadNames(const CString& sFolder) {
+bool FolderIndex::ReadNames(const char* szFolder) {
   m_sNames.clear();
   m_starts.clear();
-  DIR* const pFolder = ::opendir(sFolder.c_str());
+  DIR* const pFolder = ::opendir(szFolder);
   if (pFolder == nullptr) return false;
   try {
     while (const dirent* const pEntry = ::readdir(pFolder)) {

@@ -16,7 +16,7 @@ class ALDLIB_EXPORT FolderIndex {
  public:
   // Brings the names up to date. Returns false if the folder cannot be listed; there are no names
   // then.
-  bool Refresh(const CString& sFolder);
+  bool Refresh(const char* szFolder);
 
   // The name that is the same but for the case of its letters, or an empty text. Of several the
   // one that comes first by its bytes, so capitals go before small letters.
@@ -26,7 +26,7 @@ class ALDLIB_EXPORT FolderIndex {
   void Forget() { m_bSettled = false; }
 
  private:
-  bool ReadNames(const CString& sFolder);
+  bool ReadNames(const char* szFolder);
   void BuildTable();
   std::string_view NameAt(std::uint32_t nStart) const { return m_sNames.data() + nStart; }
 

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <new>
 
+#include "aldlib/platform/posix/Descriptor.h"
 #include "aldlib/platform/posix/PathMapper.h"
 #include "aldlib/platform/posix/PosixLocale.h"
 #include "aldlib/platform/posix/SettingsFolders.h"
@@ -17,20 +18,6 @@ namespace {
 
 constexpr off_t kLargestFile = 64 << 20;
 constexpr std::size_t kMostFiles = 64;
-
-class Descriptor {
- public:
-  explicit Descriptor(int nFile) : m_nFile(nFile) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() {
-    if (m_nFile >= 0) ::close(m_nFile);
-  }
-  int Number() const { return m_nFile; }
-
- private:
-  int m_nFile;
-};
 
 bool ReadAll(int nFile, off_t nSize, CString& sText) {
   // One byte more than the file had, so that its end is seen.
@@ -120,10 +107,10 @@ IniProfile::KeptFile IniProfile::ReadFile(const CString& sPath) {
   // Without waiting for the other end of a pipe.
   const Descriptor descriptor(::open(sPath.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   struct stat status {};
-  if (descriptor.Number() < 0 || ::fstat(descriptor.Number(), &status) != 0) return file;
+  if (descriptor.get() < 0 || ::fstat(descriptor.get(), &status) != 0) return file;
   if (!S_ISREG(status.st_mode) || status.st_size > kLargestFile) return file;
   CString sText;
-  if (!ReadAll(descriptor.Number(), status.st_size, sText)) return file;
+  if (!ReadAll(descriptor.get(), status.st_size, sText)) return file;
   file.pText = std::make_shared<const IniText>(std::move(sText));
   file.state = FileState::Of(status);
   file.bSettled = file.state.IsSettled();

@@ -43,6 +43,17 @@ std::string_view WithoutSlashes(std::string_view sFolder) {
   return sFolder;
 }
 
+// True if no element is empty, "." or "..", so that the path can be taken by its text.
+bool IsPlain(std::string_view sElements) {
+  bool bStart = false;  // a separator has come; one at the start is the root's
+  for (std::size_t i = 0; i < sElements.size(); ++i) {
+    const bool bSeparator = IsSeparator(sElements[i]);
+    if (bStart && (bSeparator || sElements[i] == '.')) return false;
+    bStart = bSeparator;
+  }
+  return !sElements.empty() && sElements[0] != '.' && !(bStart && sElements.size() == 1);
+}
+
 void AddElement(CString& sPath, std::string_view sElement) {
   if (!sPath.empty() && sPath.back() != '/') sPath += '/';
   sPath += sElement;
@@ -80,52 +91,77 @@ CString PathMapper::Native(std::string_view sPath) {
 }
 
 // Elements below a native folder; below the current one if it is empty.
-CString PathMapper::LookedUp(CString sBase, std::string_view sElements) {
-  const bool bFolder = !sElements.empty() && IsSeparator(sElements.back());
+CString PathMapper::LookedUp(std::string_view sBase, std::string_view sElements) {
+  // Mostly it is all there as it is spelled.
+  CString sPath;
+  if (IsPlain(sElements)) {
+    sPath.reserve(sBase.size() + 1 + sElements.size());
+    sPath = sBase;
+    AddElement(sPath, sElements.substr(!sBase.empty() && IsSeparator(sElements[0]) ? 1 : 0));
+    std::replace(sPath.begin() + static_cast<std::ptrdiff_t>(sBase.size()), sPath.end(), '\\', '/');
+    if (!IsMissing(sPath)) return sPath;
+  }
+  return FoundByElements(CString(sBase), sElements);
+}
+
+CString PathMapper::FoundByElements(CString sBase, std::string_view sElements) {
   const std::vector<std::string_view> elements = ElementsOf(sElements, !sBase.empty());
   std::vector<std::size_t> ends{sBase.size()};  // of the path that has so many of the elements
-  CString sPath = std::move(sBase);
+  CString sFound = std::move(sBase);
   for (const std::string_view sElement : elements) {
-    AddElement(sPath, sElement);
-    ends.push_back(sPath.size());
+    AddElement(sFound, sElement);
+    ends.push_back(sFound.size());
   }
-  if (elements.empty()) return sPath.empty() ? "." : sPath;
+  if (elements.empty()) return sFound.empty() ? "." : sFound;
 
-  // Looked at from the end, since all of it or all but the last is mostly spelled as it is there.
-  std::size_t nExact = elements.size();
-  CString sFound = sPath;
-  while (nExact > 0 && IsMissing(sFound)) sFound.resize(ends[--nExact]);
-  if (nExact < elements.size() && FindOtherCase(sFound, elements[nExact])) {
-    ++nExact;
-    while (nExact < elements.size() && FindName(sFound, elements[nExact])) ++nExact;
+  // Looked at from the end, since all but the last element is mostly there as it is spelled.
+  std::size_t nFound = elements.size();
+  if (IsMissing(sFound)) {
+    FolderIndex* pIndex = nullptr;
+    do sFound.resize(ends[--nFound]);
+    while ((pIndex = ListedFolder(sFound)) == nullptr && nFound > 0);
+    while (pIndex != nullptr && AddOtherCase(sFound, elements[nFound], *pIndex)) {
+      // Below a folder of another spelling the names may be as they are asked for again.
+      while (++nFound < elements.size() && AddIfThere(sFound, elements[nFound])) {
+      }
+      if (nFound == elements.size()) break;
+      pIndex = ListedFolder(sFound);
+    }
   }
-  for (; nExact < elements.size(); ++nExact) AddElement(sFound, elements[nExact]);
-  if (bFolder && sFound.back() != '/') sFound += '/';
+  for (; nFound < elements.size(); ++nFound) AddElement(sFound, elements[nFound]);
+  if (IsSeparator(sElements.back()) && sFound.back() != '/') sFound += '/';
   return sFound;
 }
 
-// Adds the name to the folder's path in the spelling found there; adds nothing if it is not there.
-bool PathMapper::FindName(CString& sFolder, std::string_view sName) {
+// Adds the name as it is to the folder's path; adds nothing if it is missing there.
+bool PathMapper::AddIfThere(CString& sFolder, std::string_view sName) {
   const std::size_t nFolder = sFolder.size();
   AddElement(sFolder, sName);
   if (!IsMissing(sFolder)) return true;
   sFolder.resize(nFolder);
-  return FindOtherCase(sFolder, sName);
+  return false;
 }
 
-bool PathMapper::FindOtherCase(CString& sFolder, std::string_view sName) {
-  if (m_folders.size() >= kMostFolders && !m_folders.contains(sFolder)) m_folders.clear();
-  FolderIndex& index = m_folders[sFolder];
-  const CString sScanned = sFolder.empty() ? "." : sFolder;
-  // Again if the name has gone, which a file system whose change times are not to be trusted hides.
-  for (int i = 0; i < 2 && index.Refresh(sScanned); ++i) {
+// The names of a native folder as they are now; null if it is none, or cannot be listed.
+FolderIndex* PathMapper::ListedFolder(const CString& sFolder) {
+  auto it = m_folders.find(sFolder);
+  if (it == m_folders.end()) {
+    if (m_folders.size() >= kMostFolders) m_folders.clear();
+    it = m_folders.emplace(sFolder, FolderIndex()).first;
+  }
+  if (it->second.Refresh(sFolder.empty() ? "." : sFolder.c_str())) return &it->second;
+  m_folders.erase(it);
+  return nullptr;
+}
+
+// Adds the name to the folder's path in the spelling found there; adds nothing if it is not there.
+bool PathMapper::AddOtherCase(CString& sFolder, std::string_view sName, FolderIndex& index) {
+  // Again if a name has gone, which a file system whose change times are not to be trusted hides.
+  for (int i = 0; i < 2; ++i) {
     const std::string_view sFound = index.Find(sName);
-    if (sFound.empty()) return false;
-    const std::size_t nFolder = sFolder.size();
-    AddElement(sFolder, sFound);
-    if (IsThere(sFolder)) return true;
-    sFolder.resize(nFolder);
+    if (sFound.empty() || AddIfThere(sFolder, sFound)) return !sFound.empty();
     index.Forget();
+    if (!index.Refresh(sFolder.empty() ? "." : sFolder.c_str())) return false;
   }
   return false;
 }

@@ -76,9 +76,11 @@ class ALDLIB_EXPORT PathMapper {
   Drive* Find(char chDrive);
   void ReadEnvironment();
   void SettleDrives();
-  CString LookedUp(CString sBase, std::string_view sElements);
-  bool FindName(CString& sFolder, std::string_view sName);
-  bool FindOtherCase(CString& sFolder, std::string_view sName);
+  CString LookedUp(std::string_view sBase, std::string_view sElements);
+  CString FoundByElements(CString sBase, std::string_view sElements);
+  FolderIndex* ListedFolder(const CString& sFolder);
+  static bool AddIfThere(CString& sFolder, std::string_view sName);
+  static bool AddOtherCase(CString& sFolder, std::string_view sName, FolderIndex& index);
   bool Enter(char chDrive, const CString& sNative);
 
   Drive m_drives[26];

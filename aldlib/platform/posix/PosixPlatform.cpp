@@ -11,6 +11,7 @@
 #include "aldlib/platform/posix/PosixMachine.h"
 #include "aldlib/platform/posix/PosixProduct.h"
 #include "aldlib/platform/posix/PosixVolumes.h"
+#include "aldlib/platform/posix/ProcProcesses.h"
 #include "aldlib/platform/posix/SettingsFolders.h"
 #include "aldlib/platform/posix/SqliteRegistry.h"
 
@@ -32,9 +33,10 @@ struct Ports {
   PosixClock clock;
   PosixFiles files{paths};
   PosixVolumes volumes{paths};
+  ProcProcesses processes;
   HeadlessDesktop desktop{clock};
-  Platform platform{resources, machine, locale, profile, registry,
-                    product,   clock,   files,  volumes, desktop.Ports()};
+  Platform platform{resources, machine, locale,  profile,   registry,       product,
+                    clock,     files,   volumes, processes, desktop.Ports()};
 };
 
 Ports& SystemPorts() {

@@ -14,6 +14,7 @@
 #include <cstring>
 #include <new>
 
+#include "aldlib/platform/Characters.h"
 #include "aldlib/platform/internal/FileMask.h"
 #include "aldlib/platform/internal/PathText.h"
 
@@ -65,13 +66,9 @@ bool VolumeOf(const CString& sNative, struct statvfs& volume) {
 
 }  // namespace
 
-PosixVolumes::Search::~Search() {
-  if (nFolder >= 0) ::close(nFolder);
-}
-
 // Lists the matches in the folder of the descriptor.
 bool PosixVolumes::Search::List(std::string_view sMask, bool bRoot) {
-  const int nListed = ::openat(nFolder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  const int nListed = ::openat(folder.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   DIR* const pFolder = nListed >= 0 ? ::fdopendir(nListed) : nullptr;
   if (pFolder == nullptr) {
     if (nListed >= 0) ::close(nListed);
@@ -95,9 +92,13 @@ bool PosixVolumes::Search::List(std::string_view sMask, bool bRoot) {
     throw;
   }
   ::closedir(pFolder);
+  // Their capitals, so that the order of two names is that of two plain texts.
+  CString sFolded = sNames;
+  for (char& c : sFolded) c = CharUpper(c);
   const std::ptrdiff_t nDots = !bRoot && MatchesAll(sMask) ? 2 : 0;
-  std::sort(starts.begin() + nDots, starts.end(), [this](std::uint32_t a, std::uint32_t b) {
-    return GoesBefore(sNames.data() + a, sNames.data() + b);
+  std::sort(starts.begin() + nDots, starts.end(), [&](std::uint32_t a, std::uint32_t b) {
+    const int nOrder = std::strcmp(sFolded.data() + a, sFolded.data() + b);
+    return nOrder != 0 ? nOrder < 0 : std::strcmp(sNames.data() + a, sNames.data() + b) < 0;
   });
   return true;
 }
@@ -105,14 +106,12 @@ bool PosixVolumes::Search::List(std::string_view sMask, bool bRoot) {
 bool PosixVolumes::Search::Next(_finddata_t& record) {
   while (nNext < starts.size()) {
     const char* const szName = sNames.data() + starts[nNext++];
-    if (!FillRecord(nFolder, szName, record)) continue;
+    if (!FillRecord(folder.get(), szName, record)) continue;
     FillName(szName, record);
     return true;
   }
   return false;
 }
-
-PosixVolumes::~PosixVolumes() = default;
 
 CString PosixVolumes::Native(const char* szPath) {
   return szPath != nullptr ? m_paths.Native(szPath) : CString();
@@ -179,8 +178,9 @@ SearchHandle PosixVolumes::StartSearch(const char* szMask, _finddata_t& record) 
   if (sFolder.empty()) return kNoSearch;
   const SearchHandle hSearch{++m_nLastSearch};
   Search& search = m_searches[hSearch];
-  search.nFolder = ::open(sFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (search.nFolder >= 0 && search.List(end.sName, IsDriveRoot(sFolder)) && search.Next(record)) {
+  search.folder = Descriptor(::open(sFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (search.folder.IsOpen() && search.List(end.sName, IsDriveRoot(sFolder)) &&
+      search.Next(record)) {
     return hSearch;
   }
   m_searches.erase(hSearch);

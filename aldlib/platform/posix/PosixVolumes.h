@@ -5,6 +5,7 @@
 
 #include "aldlib/platform/Export.h"
 #include "aldlib/platform/Volumes.h"
+#include "aldlib/platform/posix/Descriptor.h"
 #include "aldlib/platform/posix/PathMapper.h"
 
 namespace ald {
@@ -19,7 +20,6 @@ class ALDLIB_EXPORT PosixVolumes : public Volumes {
   explicit PosixVolumes(PathMapper& paths) : m_paths(paths) {}
   PosixVolumes(const PosixVolumes&) = delete;
   PosixVolumes& operator=(const PosixVolumes&) = delete;
-  ~PosixVolumes() override;
 
   std::uint16_t CurrentDrive() override;
   bool ChangeDrive(std::uint16_t nDrive) override;
@@ -41,16 +41,11 @@ class ALDLIB_EXPORT PosixVolumes : public Volumes {
  private:
   // The matches of a search that are still to come.
   struct Search {
-    Search() = default;
-    Search(const Search&) = delete;
-    Search& operator=(const Search&) = delete;
-    ~Search();
-
     bool List(std::string_view sMask, bool bRoot);
     bool Next(_finddata_t& record);
 
-    int nFolder = -1;  // descriptor
-    CString sNames;    // one behind the other, each with its terminating zero
+    Descriptor folder;
+    CString sNames;  // one behind the other, each with its terminating zero
     std::vector<std::uint32_t> starts;
     std::size_t nNext = 0;
   };
