@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/aldtool/BadLines.h"
 #include "tools/aldtool/Commands.h"
 
 namespace aldtool {
@@ -35,11 +36,16 @@ void AddChecks(CLI::App& app, int& nStatus) {
       "running total, and below them the cheque: the amount in words and its field.\n"
       "A line holds date; payee; amount; split count. '#' starts a comment line.\n"
       "What a date lacks comes from the line before.\n"
+      "A line that is not good is also entered into the log of messages.\n"
       "Ends with 0 if every line was good, 1 if some were not, 2 if the file is of no use.");
   const Text sPath = NewText();
   const Text sStart = NewText();
   pChecks->add_option("FILE", *sPath, "The list, such as examples/checks/march.txt")->required();
   pChecks->add_option("--start", *sStart, kStartHelp);
+  pChecks
+      ->add_option_function<std::string>(
+          "--log", UseLogFolder, "The folder of the log; else the application's data folder")
+      ->check(CLI::ExistingDirectory);
   pChecks->callback([=, &nStatus] { nStatus = RunChecks(*sPath, *sStart); });
 }
 

@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "tools/aldtool/CommandLine.h"
-#include "tools/aldtool/BadLines.h"
 #include "tools/aldtool/Commands.h"
 
 // aldtool shows the library at work on real input.
@@ -21,19 +20,8 @@ int main(int nArguments, char** pszArguments) {
       "Read a list of cheques: print each amount, its share and the running total, and\n"
       "below them the cheque: the amount in words and its field.\n"
       "A line holds payee; amount; split count. '#' starts a comment line.\n"
-      "Read a list of cheques: print each one's date, fiscal period, amount, share and the\n"
-      "running total, and below them the cheque: the amount in words and its field.\n"
-      "A line holds date; payee; amount; split count. '#' starts a comment line.\n"
-      "What a date lacks comes from the line before.\n"
-      "A line that is not good is also entered into the log of messages.\n"
       "Ends with 0 if every line was good, 1 if some were not, 2 if the file is of no use.");
   pChecks->add_option("FILE", sPath, "The list, such as examples/checks/march.txt")->required();
-
-  pChecks
-      ->add_option_function<std::string>(
-          "--log", aldtool::UseLogFolder,
-          "The folder of the log; else the application's data folder")
-      ->check(CLI::ExistingDirectory);
 
   std::string sExpression;
   CLI::App* pCalc = app.add_subcommand(
