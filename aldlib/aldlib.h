@@ -89,6 +89,8 @@
 #include "aldlib/platform/WindowTypes.h"
 #include "aldlib/platform/Windows.h"
 #include "aldlib/platform/headless/HeadlessDesktop.h"
+#include "aldlib/platform/terminal/Terminal.h"
+#include "aldlib/platform/terminal/TerminalDesktop.h"
 #include "aldlib/screens/Accelerators.h"
 #include "aldlib/screens/Colours.h"
 #include "aldlib/screens/ControlClasses.h"

@@ -83,8 +83,9 @@ struct CloseFile {
 using CFile = std::unique_ptr<std::FILE, CloseFile>;
 
 CFile OpenC(const std::string& sPath, const char* szMode, std::size_t nBuffer) {
+  static char s_aBuffer[kFileBufferSize];  // one file is open at a time
   CFile file(std::fopen(sPath.c_str(), szMode));
-  if (nBuffer != 0) std::setvbuf(file.get(), nullptr, _IOFBF, nBuffer);
+  if (nBuffer != 0) std::setvbuf(file.get(), s_aBuffer, _IOFBF, nBuffer);
   return file;
 }
 

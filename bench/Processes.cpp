@@ -156,9 +156,9 @@ void AddMachine(CHarness& harness) {
 void AddMadeUp(CHarness& harness, const char* szSet, std::uint32_t nModules) {
   const Platform& own = CurrentPlatform();
   const auto pProcesses = std::make_shared<MadeUpProcesses>(nModules);
-  const std::shared_ptr<Platform> pPlatform(new Platform{own.resources, own.machine, own.locale,
-                                                         own.profile, own.registry, own.product,
-                                                         own.clock, *pProcesses, own.desktop});
+  const std::shared_ptr<Platform> pPlatform(
+      new Platform{own.resources, own.machine, own.locale, own.profile, own.registry, own.product,
+                   own.clock, own.files, own.volumes, *pProcesses, own.desktop});
   const auto pWalker = std::make_shared<CProcessWalker>();
   const std::size_t nSize = pProcesses->Size();
   const auto pass = [pProcesses, pPlatform, pWalker] {

@@ -47,10 +47,35 @@ std::uint16_t LogAndShowMessage(std::uint32_t nFlags, MessageArgument message,
   return LogAndShow(nFlags, message, text, MessageNumber(message), hParent);
 }
 
-std::uint16_t LogAndShowLibrary(std::uint32_t nFlags, MessageArgument message,
-                                const CDynamicHeapFixedString& text) {
-  SaveTheMessage(message, text.buffer);
-  return ShowLibraryBox(nFlags, text.view());
+// Fetches a message, lets `change` put values into it, and shows it.
+template <typename Change>
+std::uint16_t ShowChanged(std::uint32_t nFlags, MessageArgument message, Change change) {
+  CDynamicHeapFixedString sText(kBufferSize);
+  if (sText.buffer == nullptr) return 0;
+  GetTheMessage(&nFlags, message, sText);
+  change(sText);
+  return LogAndShowMessage(nFlags, message, sText);
+}
+
+// The same for a text that has no signs.
+template <typename Change>
+std::uint16_t ShowChangedText(std::uint32_t nFlags, const char* szText, Change change) {
+  CDynamicHeapFixedString sText(kBufferSize);
+  if (sText.buffer == nullptr) return 0;
+  sText = szText;
+  change(sText);
+  return LogAndShow(nFlags, kNoNumber, sText, 0);
+}
+
+// The same in the library's own box, which comes up empty if there is no memory for the text.
+template <typename Change>
+std::uint16_t ShowChangedInLibraryBox(std::uint32_t nFlags, MessageArgument message,
+                                      Change change) {
+  CDynamicHeapFixedString sText(kLibraryBufferSize);
+  GetTheMessage(&nFlags, message, sText);
+  change(sText);
+  SaveTheMessage(message, sText.buffer);
+  return ShowLibraryBox(nFlags, sText.view());
 }
 
 void Fetch(std::uint32_t* pFlags, MessageArgument message, bool bRaw, CFixedStringParamRef output) {
@@ -144,20 +169,14 @@ std::uint16_t VeryLongMessage(std::uint32_t nFlags, MessageArgument first, Messa
 }
 
 std::uint16_t MessageWithCard(std::uint32_t nFlags, MessageArgument message, std::uint16_t nValue) {
-  CDynamicHeapFixedString sText(kBufferSize);
-  if (sText.buffer == nullptr) return 0;
-  GetTheMessage(&nFlags, message, sText);
-  InsertCard(sText, nValue);
-  return LogAndShowMessage(nFlags, message, sText);
+  return ShowChanged(nFlags, message,
+                     [nValue](CFixedStringParamRef text) { InsertCard(text, nValue); });
 }
 
 std::uint16_t MessageWithString(std::uint32_t nFlags, MessageArgument message,
                                 const char* szValue) {
-  CDynamicHeapFixedString sText(kBufferSize);
-  if (sText.buffer == nullptr) return 0;
-  GetTheMessage(&nFlags, message, sText);
-  InsertString(sText, szValue);
-  return LogAndShowMessage(nFlags, message, sText);
+  return ShowChanged(nFlags, message,
+                     [szValue](CFixedStringParamRef text) { InsertString(text, szValue); });
 }
 
 std::uint16_t MessageStr(std::uint32_t nFlags, const char* szText, std::int32_t nHelpTopic) {
@@ -171,19 +190,13 @@ std::uint16_t MessageStr(std::uint32_t nFlags, const char* szText, std::int32_t 
 }
 
 std::uint16_t MessageStrWithCard(std::uint32_t nFlags, const char* szText, std::uint16_t nValue) {
-  CDynamicHeapFixedString sText(kBufferSize);
-  if (sText.buffer == nullptr) return 0;
-  sText = szText;
-  InsertCard(sText, nValue);
-  return LogAndShow(nFlags, kNoNumber, sText, 0);
+  return ShowChangedText(nFlags, szText,
+                         [nValue](CFixedStringParamRef text) { InsertCard(text, nValue); });
 }
 
 std::uint16_t MessageStrWithString(std::uint32_t nFlags, const char* szText, const char* szValue) {
-  CDynamicHeapFixedString sText(kBufferSize);
-  if (sText.buffer == nullptr) return 0;
-  sText = szText;
-  InsertString(sText, szValue);
-  return LogAndShow(nFlags, kNoNumber, sText, 0);
+  return ShowChangedText(nFlags, szText,
+                         [szValue](CFixedStringParamRef text) { InsertString(text, szValue); });
 }
 
 std::uint16_t MessageWithPara(std::uint32_t nFlags, MessageArgument message, std::int16_t nCount,
@@ -212,28 +225,22 @@ std::uint16_t PrintOrPreviewMessage(MessageArgument message, bool bPreview, std:
 }
 
 std::uint16_t Lib_Message(std::uint32_t nFlags, MessageArgument message) {
-  CDynamicHeapFixedString sText(kLibraryBufferSize);
-  GetTheMessage(&nFlags, message, sText);
-  return LogAndShowLibrary(nFlags, message, sText);
+  return ShowChangedInLibraryBox(nFlags, message, [](CFixedStringParamRef) {});
 }
 
 std::uint16_t Lib_MessageWithCard(std::uint32_t nFlags, MessageArgument message,
                                   std::uint16_t nValue) {
-  CDynamicHeapFixedString sText(kLibraryBufferSize);
-  GetTheMessage(&nFlags, message, sText);
-  InsertCard(sText, nValue);
-  return LogAndShowLibrary(nFlags, message, sText);
+  return ShowChangedInLibraryBox(nFlags, message,
+                                 [nValue](CFixedStringParamRef text) { InsertCard(text, nValue); });
 }
 
 std::uint16_t Lib_MessageWithString(std::uint32_t nFlags, MessageArgument message,
                                     const CConstFixedStringParamRef& value) {
-  CDynamicHeapFixedString sText(kLibraryBufferSize);
-  GetTheMessage(&nFlags, message, sText);
-  // A fixed string may lack its terminator.
-  CFixedString<kLibraryBufferSize> sValue;
-  sValue = value;
-  InsertString(sText, sValue);
-  return LogAndShowLibrary(nFlags, message, sText);
+  return ShowChangedInLibraryBox(nFlags, message, [&value](CFixedStringParamRef text) {
+    CFixedString<kLibraryBufferSize> sValue;  // the given one may lack its terminator
+    sValue = value;
+    InsertString(text, sValue);
+  });
 }
 
 std::uint16_t ShowFormatted(std::uint32_t nFlags, MessageArgument message, bool bRaw,

@@ -95,6 +95,7 @@ class ALDLIB_EXPORT Canvas {
 
   virtual PenHandle CreatePen(Color nColor) = 0;  // solid, one wide
   virtual bool DeletePen(PenHandle hPen) = 0;
+  // Returns the pen that was in use; 0 stands for the black one that each context begins with.
   virtual PenHandle SelectPen(ContextHandle hContext, PenHandle hPen) = 0;
   // Draws from one point up to, not including, the other.
   virtual bool Line(ContextHandle hContext, Point from, Point to) = 0;

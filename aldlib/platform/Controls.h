@@ -28,7 +28,9 @@ class ALDLIB_EXPORT Controls {
   // What the combo covers with its list down, in screen terms.
   virtual Rect DroppedRect(WindowHandle hCombo) = 0;
 
-  // Edit controls. The limit counts characters, 0 for none.
+  // Edit controls. The limit counts the characters that a user may type, 0 for none. A selection
+  // goes from the first character up to, not including, the end; an end of -1 means that of the
+  // text, and a first of -1 selects nothing.
   virtual bool SetLimit(WindowHandle hEdit, std::uint32_t nCharacters) = 0;
   virtual bool SelectText(WindowHandle hEdit, std::int32_t nFirst, std::int32_t nEnd) = 0;
 

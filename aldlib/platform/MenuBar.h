@@ -52,7 +52,8 @@ class ALDLIB_EXPORT MenuBar {
   virtual MenuHandle Submenu(MenuHandle hMenu, int nPosition) = 0;
 
   // The flags hold state bits, kMenuPopup when `nIdOrSubmenu` is a menu handle, kMenuSeparator for
-  // a separator, and how `nItem` is meant.
+  // a separator, and how `nItem` is meant. Insert puts the new item in front of that one, and at
+  // the end for a position past it. False for a submenu that does not exist or would hold itself.
   virtual bool Append(MenuHandle hMenu, std::uint32_t nFlags, std::uint32_t nIdOrSubmenu,
                       const CString& sText) = 0;
   virtual bool Insert(MenuHandle hMenu, std::uint32_t nItem, std::uint32_t nFlags,
@@ -63,7 +64,8 @@ class ALDLIB_EXPORT MenuBar {
   // Removes an item; its submenu is left alone by the first and destroyed by the second.
   virtual bool Remove(MenuHandle hMenu, std::uint32_t nItem, std::uint32_t nBy) = 0;
   virtual bool Delete(MenuHandle hMenu, std::uint32_t nItem, std::uint32_t nBy) = 0;
-  // Grays or enables, and returns the earlier state bits; all ones if the item is not there.
+  // Grays, disables or enables, and returns which of these bits were set; all ones if the item is
+  // not there.
   virtual std::uint32_t Enable(MenuHandle hMenu, std::uint32_t nItem, std::uint32_t nFlags) = 0;
 };
 

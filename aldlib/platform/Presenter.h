@@ -51,7 +51,9 @@ class ALDLIB_EXPORT Presenter {
   virtual int PlainBox(WindowHandle hOwner, const CString& sText, const CString& sCaption,
                        std::uint32_t nFlags) = 0;
 
-  // The framework's box: owner and caption are the application's. `nHelpTopic` is -1 for none.
+  // The framework's box: owner and caption are the application's, and its modeless windows are
+  // disabled meanwhile. `nHelpTopic` is -1 for none. With kBoxHelp the owner is sent kMessageHelp,
+  // as it is by the plain box.
   virtual int FrameworkBox(const CString& sText, std::uint32_t nFlags, std::int32_t nHelpTopic) = 0;
 
   // The system's box with help: with kBoxHelp it has a Help button, which runs `help` with the
@@ -68,8 +70,8 @@ class ALDLIB_EXPORT Presenter {
   virtual WindowHandle SafeOwner(WindowHandle& hDisabled) = 0;
 
   // Builds the dialog, sends it kMessageInitDialog with `nInit` as the long, and serves the queue
-  // until EndDialog. Returns that result; -1 if the dialog cannot be made. The owner is disabled
-  // meanwhile.
+  // until EndDialog. Returns that result; -1 if the dialog cannot be made, 0 if its window was
+  // destroyed meanwhile. The owner, a top-level window or the one above it, is disabled meanwhile.
   virtual std::intptr_t RunDialog(WindowHandle hOwner, ModuleHandle hModule,
                                   const DialogTemplate& dialog, DialogProcedure procedure,
                                   std::intptr_t nInit) = 0;

@@ -35,8 +35,8 @@ constexpr int kMetricIconHeight = 12;
 
 // What it takes to make a window.
 struct WindowSpec {
-  CString sClass;  // a class that the desktop has, in any case
-  CString sText;
+  CString sClass{};  // a class that the desktop has, in any case
+  CString sText{};
   std::uint32_t nStyle = 0;  // kStyle bits; with kStyleChild it lives inside its parent
   Rect place{};              // in the parent's client terms, or the screen's
   WindowHandle hParent{};    // the parent of a child, the owner of another window
@@ -48,7 +48,7 @@ struct WindowSpec {
 // empty, handles 0, rectangles all zero and changes false.
 //
 // Every desktop has the classes "BUTTON", "EDIT", "STATIC", "LISTBOX", "COMBOBOX" and "COMBO" from
-// the start, and "ABD_Edit", which is an edit control.
+// the start, and "ABD_Edit", which is an edit control. Dialogs are of the class "DIALOG".
 class ALDLIB_EXPORT Windows {
  public:
   virtual ~Windows() = default;
@@ -73,7 +73,8 @@ class ALDLIB_EXPORT Windows {
                                     const DialogTemplate& dialog, DialogProcedure procedure,
                                     std::intptr_t nInit) = 0;
 
-  // What a class does with a message that its procedure passes on.
+  // What a class does with a message that its procedure passes on: for the procedure of a window or
+  // class that runs now, what the class beneath it does.
   virtual std::intptr_t DefaultProcedure(WindowHandle hWindow, std::uint32_t nMessage,
                                          std::uint32_t nWord, std::intptr_t nLong) = 0;
   // Gives one window a procedure of its own in place of its class's.
@@ -84,7 +85,7 @@ class ALDLIB_EXPORT Windows {
   virtual bool IsVisible(WindowHandle hWindow) = 0;
   virtual bool IsEnabled(WindowHandle hWindow) = 0;
 
-  // The name as the class was registered.
+  // The name as the class was registered; "DIALOG" for a dialog.
   virtual CString ClassName(WindowHandle hWindow) = 0;
   virtual CString Text(WindowHandle hWindow) = 0;
   virtual bool SetText(WindowHandle hWindow, const CString& sText) = 0;
@@ -133,7 +134,8 @@ class ALDLIB_EXPORT Windows {
   virtual void Invalidate(WindowHandle hWindow, const Rect* pPart, bool bErase) = 0;
 
   virtual WindowHandle Focus() = 0;
-  // Returns the window that had the focus.
+  // Returns the window that had the focus. It stays there if the other is no window, or disabled,
+  // or inside a disabled one; a hidden one can have it. For 0 no window has it.
   virtual WindowHandle SetFocus(WindowHandle hWindow) = 0;
   // The window that the user works in, of this application; 0 if that is another's.
   virtual WindowHandle Active() = 0;

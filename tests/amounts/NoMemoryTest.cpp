@@ -1,45 +1,12 @@
 // Printing a page of cheques must not depend on free memory: this program counts what it takes.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <new>
-
 #include "aldlib/amounts/Format.h"
 #include "aldlib/amounts/Parse.h"
 #include "aldlib/amounts/Words.h"
 #include "aldlib/arith/DecimalLiteral.h"
 #include "aldlib/frame/LibraryStrings.h"
-
-namespace {
-
-constinit long g_nAllocations = 0;
-
-void* Take(std::size_t nBytes) {
-  ++g_nAllocations;
-  if (void* pBytes = std::malloc(nBytes != 0 ? nBytes : 1)) return pBytes;
-  throw std::bad_alloc();
-}
-
-}  // namespace
-
-void* operator new(std::size_t nBytes) {
-  return Take(nBytes);
-}
-void* operator new[](std::size_t nBytes) {
-  return Take(nBytes);
-}
-void operator delete(void* pBytes) noexcept {
-  std::free(pBytes);
-}
-void operator delete[](void* pBytes) noexcept {
-  std::free(pBytes);
-}
-void operator delete(void* pBytes, std::size_t) noexcept {
-  std::free(pBytes);
-}
-void operator delete[](void* pBytes, std::size_t) noexcept {
-  std::free(pBytes);
-}
+#include "tests/support/WatchedMemory.h"
 
 namespace ald {
 namespace {

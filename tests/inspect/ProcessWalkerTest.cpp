@@ -288,8 +288,9 @@ TEST_F(ProcProcessesTest, LeavesOutAProcessThatEndsDuringTheWalk) {
   ASSERT_TRUE(child.WaitUntilLoaded(m_processes, "aldershort.bin"));
   EndingProcesses processes(child);
   const Platform& own = CurrentPlatform();
-  const Platform platform{own.resources, own.machine, own.locale, own.profile, own.registry,
-                          own.product,   own.clock,   processes,  own.desktop};
+  const Platform platform{own.resources, own.machine, own.locale, own.profile,
+                          own.registry,  own.product, own.clock,  own.files,
+                          own.volumes,   processes,   own.desktop};
   InstallPlatform(&platform);
   CProcessWalker walker;
   const bool bLoaded = walker.LoadMemoryInformation();

@@ -388,6 +388,15 @@ TEST_F(LibraryBox, IsOwnedByAWindowOfItsOwnWhereNothingHasTheFocus) {
   EXPECT_EQ(Desk().Live().nWindows, nWindows);
 }
 
+TEST_F(LibraryBox, ComesUpEmptyWithoutMemoryForItsText) {
+  FailAllocation(1);
+  Lib_MessageWithCard(0, MessageByNumber(103), 1);
+  ASSERT_EQ(Desk().Boxes().size(), 2U);
+  EXPECT_EQ(Desk().Boxes()[0].sText, "Not enough Memory to run.");
+  EXPECT_EQ(Desk().Boxes()[1].sText, "");
+  EXPECT_EQ(Desk().Boxes()[1].nFlags, 0x35U);
+}
+
 TEST_F(LibraryBox, MayLetAnotherOneIn) {
   bool bNested = false;
   Desk().WhenWaiting([&](WindowHandle) {

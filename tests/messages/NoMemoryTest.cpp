@@ -1,49 +1,12 @@
 // The box that says that memory has run out must not ask for any.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <new>
-
 #include "aldlib/frame/MemStore.h"
 #include "aldlib/messages/Messages.h"
 #include "aldlib/platform/Platform.h"
 #include "aldlib/text/FixedString.h"
 #include "tests/support/FakePlatform.h"
-
-namespace {
-
-constinit bool g_bNoMemory = false;
-constinit int g_nRefused = 0;
-
-void* Take(std::size_t nBytes) {
-  if (g_bNoMemory) {
-    ++g_nRefused;
-    throw std::bad_alloc();
-  }
-  if (void* const pBytes = std::malloc(nBytes != 0 ? nBytes : 1)) return pBytes;
-  throw std::bad_alloc();
-}
-
-}  // namespace
-
-void* operator new(std::size_t nBytes) {
-  return Take(nBytes);
-}
-void* operator new[](std::size_t nBytes) {
-  return Take(nBytes);
-}
-void operator delete(void* pBytes) noexcept {
-  std::free(pBytes);
-}
-void operator delete[](void* pBytes) noexcept {
-  std::free(pBytes);
-}
-void operator delete(void* pBytes, std::size_t) noexcept {
-  std::free(pBytes);
-}
-void operator delete[](void* pBytes, std::size_t) noexcept {
-  std::free(pBytes);
-}
+#include "tests/support/WatchedMemory.h"
 
 namespace ald {
 namespace {
@@ -175,11 +138,14 @@ TEST(MemoryFailure, IsShownWithoutTakingMemory) {
       Desktop{desk.queue, windows, desk.controls, desk.canvas, desk.menus, presenter, desk.help}};
   MoveToPlatform(&platform);
 
+  long nRefused = 0;
   for (int i = 1; i <= 2; ++i) {
+    const long nBefore = g_nAllocations;
     g_bNoMemory = true;
     FailAllocation(1);
     void* const pBlock = _RealAllocate(10);
     g_bNoMemory = false;
+    nRefused += g_nAllocations - nBefore;
     EXPECT_EQ(pBlock, nullptr);
     EXPECT_EQ(presenter.m_nBoxes, i);
     EXPECT_EQ(windows.m_nWindows, 0);
@@ -189,7 +155,7 @@ TEST(MemoryFailure, IsShownWithoutTakingMemory) {
     EXPECT_EQ(presenter.m_nFlags, 0x1010U);
   }
   // What was refused is the log, which must not keep its file open. With memory it works again.
-  EXPECT_GT(g_nRefused, 0);
+  EXPECT_GT(nRefused, 0);
   EXPECT_EQ(fake.m_files.OpenHandles(), 0U);
 
   windows.m_bRefuse = true;  // where not even that window can be made, the answer is Cancel

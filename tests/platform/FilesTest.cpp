@@ -3,8 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -261,6 +263,42 @@ TYPED_TEST(FilesTest, MoveThePositionWithinAndPastTheFile) {
   EXPECT_EQ(this->Put(hFile, "6", this->m_nMoved), kNoSystemError);
   files.Close(hFile);
   EXPECT_EQ(this->m_place.Text("A.DAT"), std::string("0123\0\0006", 7));
+}
+
+// Whatever a backend keeps in hand, an open that others cannot write to and one that they can give
+// the same bytes as a plain string does.
+TYPED_TEST(FilesTest, ReadBackWhatWasWrittenInAnyOrder) {
+  for (const FileSharing eSharing : {FileSharing::Read, FileSharing::ReadWrite}) {
+    std::mt19937 random(7);
+    std::string sModel(100'000, 'm');
+    this->m_place.Write("A.DAT", sModel);
+    const FileHandle hFile = this->Opened("A.DAT", kBoth, eSharing);
+    std::size_t nPosition = 0;
+    for (int nStep = 0; nStep < 3000; ++nStep) {
+      const auto nSize = random() % (random() % 8 == 0 ? 50'000 : 300);
+      if (random() % 6 == 0) {
+        nPosition = random() % (sModel.size() + 500);
+        this->files().Seek(hFile, static_cast<std::int64_t>(nPosition), SeekFrom::Start,
+                           this->m_nPosition);
+      } else if (random() % 5 == 0) {
+        const std::string sText(nSize % 1000, static_cast<char>('a' + random() % 26));
+        ASSERT_EQ(this->Put(hFile, sText, this->m_nMoved), kNoSystemError);
+        if (!sText.empty() && nPosition > sModel.size()) sModel.resize(nPosition);
+        sModel.replace(std::min(nPosition, sModel.size()), sText.size(), sText);
+        nPosition += sText.size();
+      } else {
+        std::string sText(nSize, 'x');
+        ASSERT_EQ(this->files().Read(hFile, sText.data(), static_cast<std::uint32_t>(nSize),
+                                     this->m_nMoved),
+                  kNoSystemError);
+        const std::size_t nStart = std::min(nPosition, sModel.size());
+        ASSERT_EQ(sText.substr(0, this->m_nMoved), sModel.substr(nStart, nSize)) << nStep;
+        nPosition += this->m_nMoved;
+      }
+    }
+    this->files().Close(hFile);
+    EXPECT_EQ(this->m_place.Text("A.DAT"), sModel);
+  }
 }
 
 TYPED_TEST(FilesTest, RefuseNumbersThatNameNoOpenFile) {

@@ -11,6 +11,7 @@
 #include "aldlib/text/Constants.h"
 #include "aldlib/text/FixedString.h"
 #include "aldlib/text/IntegerText.h"
+#include "tools/aldtool/BadLines.h"
 #include "tools/aldtool/Commands.h"
 #include "tools/aldtool/TextFile.h"
 #include "tools/aldtool/TypedAmount.h"
@@ -154,6 +155,7 @@ int RunChecks(const std::string& sPath, const std::string& sStart) {
     if (!sTrouble.empty()) {
       ++nBad;
       std::cout << std::setw(5) << i + 1 << "  ! " << sTrouble << '\n';
+      LogBadLine(i + 1, sTrouble);
       continue;
     }
     ++nGood;

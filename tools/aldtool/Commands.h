@@ -16,7 +16,6 @@ inline constexpr int kUnusable = 2;  // nothing could be done; nothing was print
 
 int RunAmount(const std::string& sTyped);
 int RunCalc(const std::string& sExpression);
-int RunChecks(const std::string& sPath);
 // Prints the lines of a file in which the pattern is found, backward the last line first. Returns
 // kBadLines if there is none.
 int RunFind(const std::string& sPattern, const std::string& sPath,

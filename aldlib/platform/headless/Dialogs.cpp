@@ -15,6 +15,7 @@ constexpr std::uint32_t kKeyLeft = 0x25;
 constexpr std::uint32_t kKeyUp = 0x26;
 constexpr std::uint32_t kKeyRight = 0x27;
 constexpr std::uint32_t kKeyDown = 0x28;
+constexpr std::uint32_t kKeyF1 = 0x70;
 
 // Multiplies first and rounds halves away from zero, as dialog units are turned everywhere.
 std::int32_t Scaled(std::int32_t nValue, std::int32_t nTimes, std::int32_t nOver) {
@@ -63,7 +64,7 @@ WindowHandle HeadlessWindows::MakeDialog(WindowHandle hOwner, ModuleHandle hModu
   const Rect inside =
       MapDialogRect(hDialog, {dialog.x, dialog.y, dialog.x + dialog.cx, dialog.y + dialog.cy});
   const Rect frame = FrameOf(*pDialog);
-  const Point origin = ToScreen(pDialog->hParent, {0, 0});
+  const Point origin = pDialog->IsChild() ? Point{0, 0} : ToScreen(pDialog->hParent, {0, 0});
   const Point at{origin.x + inside.left, origin.y + inside.top};
   pDialog->place = {at.x, at.y, at.x + inside.Width() + frame.left + frame.right,
                     at.y + inside.Height() + frame.top + frame.bottom};
@@ -82,10 +83,12 @@ WindowHandle HeadlessWindows::MakeDialog(WindowHandle hOwner, ModuleHandle hModu
       Destroy(hDialog);
       return {};
     }
-    SetFont(hControl, pDialog->hDialogFont, false);
     if (Find(hControl)->IsPushButton() && (item.nStyle & kButtonKindMask) == kButtonDefaultPush) {
       pDialog->nDefaultId = item.nId;
     }
+    SetFont(hControl, pDialog->hDialogFont, false);
+    pDialog = Find(hDialog);
+    if (pDialog == nullptr) return {};  // a class of the host's took it away
   }
 
   if (procedure) {
@@ -142,6 +145,9 @@ bool HeadlessWindows::DialogKey(WindowHandle hDialog, const WindowMessage& messa
   switch (message.nWord) {
     case kKeyTab:
       return MoveFocus(hDialog, message.hWindow, bShift);
+    case kKeyF1:
+      Call(message.hWindow, kMessageHelp, 0, 0);
+      return true;
     case kKeyEscape:
       Command(hDialog, kButtonCancel);
       return true;

@@ -165,7 +165,7 @@ int HeadlessCanvas::DrawText(ContextHandle hContext, std::string_view sText, Rec
     if ((nTextBits & kTextNoClip) == 0) {
       item.clip = item.clip ? Intersection(*item.clip, place) : place;
     }
-    m_drawn.push_back(std::move(item));
+    Note(std::move(item));
     y += metrics.nHeight;
   }
   return y - place.top;
@@ -179,6 +179,10 @@ DrawnItem HeadlessCanvas::NewItem(DrawnItem::Kind kind, const DeviceContext& con
   item.place = place;
   item.clip = context.tools.clip;
   return item;
+}
+
+void HeadlessCanvas::Note(DrawnItem item) {
+  if (m_parts.bRecord) m_drawn.push_back(std::move(item));
 }
 
 int HeadlessCanvas::Save(ContextHandle hContext) {
@@ -244,7 +248,7 @@ bool HeadlessCanvas::Line(ContextHandle hContext, Point from, Point to) {
   DrawnItem item = NewItem(DrawnItem::Kind::kLine, *pContext, {from.x, from.y, to.x, to.y});
   const Color* const pColor = m_pens.Find(pContext->tools.hPen);
   item.nColor = pColor != nullptr ? *pColor : 0;
-  m_drawn.push_back(std::move(item));
+  Note(std::move(item));
   return true;
 }
 
@@ -267,7 +271,7 @@ bool HeadlessCanvas::Fill(ContextHandle hContext, const Rect& place, BrushHandle
   if (pContext == nullptr || pColor == nullptr) return false;
   DrawnItem item = NewItem(DrawnItem::Kind::kFill, *pContext, place);
   item.nColor = *pColor;
-  m_drawn.push_back(std::move(item));
+  Note(std::move(item));
   return true;
 }
 
@@ -285,7 +289,7 @@ bool HeadlessCanvas::DrawIcon(ContextHandle hContext, Point at, IconHandle hIcon
   DrawnItem item = NewItem(DrawnItem::Kind::kIcon, *pContext,
                            {at.x, at.y, at.x + kHeadlessIcon.cx, at.y + kHeadlessIcon.cy});
   item.hIcon = hIcon;
-  m_drawn.push_back(std::move(item));
+  Note(std::move(item));
   return true;
 }
 

@@ -35,6 +35,14 @@ WindowHandle HeadlessDesktop::Modal() {
   return m_pParts->presenter.Modal();
 }
 
+std::int32_t HeadlessDesktop::DefaultButton(WindowHandle hDialog) const {
+  return m_pParts->windows.DefaultId(hDialog);
+}
+
+bool HeadlessDesktop::IsOfClass(WindowHandle hWindow, const CString& sClass) const {
+  return m_pParts->windows.IsOfClass(hWindow, sClass);
+}
+
 bool HeadlessDesktop::Press(WindowHandle hDialog, std::int32_t nId) {
   return m_pParts->windows.Click(m_pParts->windows.Child(hDialog, nId));
 }
@@ -160,12 +168,16 @@ LiveObjects HeadlessDesktop::Live() const {
 }
 
 void HeadlessDesktop::ForgetOutput() {
-  m_pParts->presenter.m_boxes.clear();
+  std::erase_if(m_pParts->presenter.m_boxes, [](const ShownBox& box) { return box.nAnswer != 0; });
   m_pParts->canvas.m_drawn.clear();
   m_pParts->windows.m_invalidations.clear();
   m_pParts->windows.m_flashed.clear();
   m_pParts->menus.m_redrawn.clear();
   m_pParts->help.m_opened.clear();
+}
+
+void HeadlessDesktop::RecordOutput(bool bRecord) {
+  m_pParts->bRecord = bRecord;
 }
 
 }  // namespace ald

@@ -30,6 +30,7 @@ constexpr std::int32_t kHeadlessCaption = 20;
 struct ShownBox {
   enum class Kind : std::uint8_t { kPlain, kFramework, kHelp };
 
+  WindowHandle hBox;  // its window while it is up
   Kind kind;
   WindowHandle hOwner;
   CString sText;
@@ -124,6 +125,12 @@ class ALDLIB_EXPORT HeadlessDesktop {
   // The box or dialog in front that waits for its answer; 0 if none does.
   WindowHandle Modal();
 
+  // The id of the button that Enter presses in a dialog while no other button has the focus.
+  std::int32_t DefaultButton(WindowHandle hDialog) const;
+
+  // Whether the window is of that class or of one that stands on it.
+  bool IsOfClass(WindowHandle hWindow, const CString& sClass) const;
+
   // Presses a button of a dialog: its state changes and its parent is told. False if there is no
   // such button, or if the user could not press it: it is hidden, or something above it is
   // disabled.
@@ -183,8 +190,12 @@ class ALDLIB_EXPORT HeadlessDesktop {
   AcceleratorHandle FrameAccelerator() const;
   LiveObjects Live() const;
 
-  // Empties all the lists above; what is there stays there.
+  // Empties all the lists above but for the boxes that are up.
   void ForgetOutput();
+
+  // Whether the lists are kept, as they are from the start. A host that runs for long keeps none,
+  // since they only grow; a box is then listed for as long as it is up.
+  void RecordOutput(bool bRecord);
 
  private:
   std::unique_ptr<HeadlessParts> m_pParts;

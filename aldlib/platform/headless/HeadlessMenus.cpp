@@ -26,6 +26,10 @@ bool HeadlessMenus::SetOf(WindowHandle hWindow, MenuHandle hMenu) {
   return true;
 }
 
+void HeadlessMenus::Redraw(WindowHandle hWindow) {
+  if (m_parts.bRecord && m_parts.windows.IsWindow(hWindow)) m_redrawn.push_back(hWindow);
+}
+
 bool HeadlessMenus::DestroyMenu(MenuHandle hMenu) {
   Menu* const pMenu = m_menus.Find(hMenu);
   if (pMenu == nullptr) return false;

@@ -9,14 +9,14 @@
 namespace ald {
 namespace {
 
-// So often a loop listens to timers or to a user that change nothing, before it gives up.
-constexpr int kPatience = 100;
+// So often a loop asks the user or hears a timer before it gives up.
+constexpr int kPatience = 1000;
 
 }  // namespace
 
 int HeadlessPresenter::PlainBox(WindowHandle hOwner, const CString& sText, const CString& sCaption,
                                 std::uint32_t nFlags) {
-  return ShowBox({ShownBox::Kind::kPlain, hOwner, sText, sCaption, nFlags, -1, 0}, nullptr);
+  return ShowBox({{}, ShownBox::Kind::kPlain, hOwner, sText, sCaption, nFlags, -1, 0}, nullptr);
 }
 
 int HeadlessPresenter::FrameworkBox(const CString& sText, std::uint32_t nFlags,
@@ -25,7 +25,8 @@ int HeadlessPresenter::FrameworkBox(const CString& sText, std::uint32_t nFlags,
   WindowHandle hDisabled{};
   const WindowHandle hOwner = SafeOwner(hDisabled);
   const int nAnswer = ShowBox(
-      {ShownBox::Kind::kFramework, hOwner, sText, m_sApplication, nFlags, nHelpTopic, 0}, nullptr);
+      {{}, ShownBox::Kind::kFramework, hOwner, sText, m_sApplication, nFlags, nHelpTopic, 0},
+      nullptr);
   m_parts.windows.Enable(hDisabled, true);
   EnableModeless();
   return nAnswer;
@@ -34,20 +35,22 @@ int HeadlessPresenter::FrameworkBox(const CString& sText, std::uint32_t nFlags,
 int HeadlessPresenter::HelpBox(WindowHandle hOwner, const CString& sText, const CString& sCaption,
                                std::uint32_t nFlags, std::int32_t nHelpTopic,
                                const std::function<void(std::int32_t)>& help) {
-  return ShowBox({ShownBox::Kind::kHelp, hOwner, sText, sCaption, nFlags, nHelpTopic, 0}, help);
+  return ShowBox({{}, ShownBox::Kind::kHelp, hOwner, sText, sCaption, nFlags, nHelpTopic, 0}, help);
 }
 
 int HeadlessPresenter::ShowBox(ShownBox box, const std::function<void(std::int32_t)>& help) {
-  const std::size_t nBox = m_boxes.size();
   const std::uint32_t nFlags = box.nFlags;
   const auto procedure = [&](WindowHandle hBox, std::uint32_t nMessage, std::uint32_t nWord,
                              std::intptr_t) -> std::intptr_t {
     if (nMessage == kMessageInitDialog) {
+      box.hBox = hBox;
+      m_boxes.push_back(box);
       m_parts.windows.SetFocus(m_parts.windows.Child(hBox, DefaultButtonOf(nFlags)));
       return 0;
     }
-    if (nMessage != kMessageCommand) return 0;
-    const int nId = static_cast<int>(nWord & 0xFFFF);
+    const bool bHelpKey = nMessage == kMessageHelp && (nFlags & kBoxHelp) != 0;
+    if (nMessage != kMessageCommand && !bHelpKey) return 0;
+    const int nId = bHelpKey ? kButtonHelp : static_cast<int>(nWord & 0xFFFF);
     if (nId == kButtonHelp) {
       if (help) {
         help(box.nHelpTopic);
@@ -61,13 +64,14 @@ int HeadlessPresenter::ShowBox(ShownBox box, const std::function<void(std::int32
     }
     return 1;
   };
-  m_boxes.push_back(box);
   const std::intptr_t nResult =
       Run({.nStuckAnswer = DefaultButtonOf(nFlags), .bBox = true}, box.hOwner, {},
           BoxTemplate(box.sText, box.sCaption, nFlags), procedure, 0);
   const int nAnswer = static_cast<int>(nResult);
-  // A test may have forgotten the boxes so far while this one was up.
-  if (nBox < m_boxes.size()) m_boxes[nBox].nAnswer = nAnswer;
+  const auto it = std::find_if(m_boxes.begin(), m_boxes.end(),
+                               [&](const ShownBox& shown) { return shown.hBox == box.hBox; });
+  if (it != m_boxes.end() && m_parts.bRecord) it->nAnswer = nAnswer;
+  if (it != m_boxes.end() && !m_parts.bRecord) m_boxes.erase(it);
   return nAnswer;
 }
 
@@ -107,33 +111,43 @@ std::intptr_t HeadlessPresenter::Run(const Running& begun, WindowHandle hOwner,
   return bMade || run.bEnded ? run.nResult : -1;
 }
 
+// Everything that waits is served, but of timers only one between two looks of the user: one that
+// is always due holds nobody up.
 void HeadlessPresenter::Serve(std::size_t nRun) {
   const WindowHandle hDialog = m_running[nRun].hDialog;
   int nPatience = kPatience;
+  bool bRang = false;
   while (!m_running[nRun].bEnded && m_parts.windows.IsWindow(hDialog)) {
     WindowMessage message{};
-    bool bTaken = m_parts.queue.Peek(message, true);
-    if (!bTaken && nPatience > 0) {
-      --nPatience;
-      if (AskUser(hDialog)) continue;
-      // A box needs an answer; a dialog may be waiting for its own timer.
-      bTaken = !m_running[nRun].bBox && m_parts.queue.WaitForTimer(message);
-    } else if (bTaken && message.nMessage != kMessageTimer) {
-      nPatience = kPatience;
+    bool bTaken = m_parts.queue.Peek(message, false);
+    const bool bTimer = bTaken && message.nMessage == kMessageTimer;
+    if (!bTaken || (bTimer && bRang)) {
+      bRang = false;
+      if (nPatience-- > 0 && AskUser(hDialog)) continue;
+      // A box needs an answer; a dialog may be waiting for a timer of its own.
+      bTaken = !m_running[nRun].bBox && nPatience > 0 && m_parts.queue.WaitForTimer(message);
+    } else {
+      m_parts.queue.Peek(message, true);
     }
     if (!bTaken || message.nMessage == kMessageQuit) {
       if (bTaken) m_parts.queue.PostQuit(static_cast<int>(message.nWord));
-      // Nothing can happen here any more. The handler may still have its say.
-      const int nAnswer = m_running[nRun].nStuckAnswer;
-      m_parts.windows.Call(hDialog, kMessageCommand, static_cast<std::uint32_t>(nAnswer),
-                           LongOf(m_parts.windows.Child(hDialog, nAnswer)));
-      EndDialog(hDialog, nAnswer);
+      GiveUp(nRun);
       continue;
     }
+    bRang = message.nMessage == kMessageTimer;
     if (m_parts.windows.IsDialogMessage(hDialog, message)) continue;
     m_parts.queue.Translate(message);
     m_parts.queue.Dispatch(message);
   }
+}
+
+// Nothing can happen any more. The handler still has its say.
+void HeadlessPresenter::GiveUp(std::size_t nRun) {
+  const WindowHandle hDialog = m_running[nRun].hDialog;
+  const int nAnswer = m_running[nRun].nStuckAnswer;
+  m_parts.windows.Call(hDialog, kMessageCommand, static_cast<std::uint32_t>(nAnswer),
+                       LongOf(m_parts.windows.Child(hDialog, nAnswer)));
+  EndDialog(hDialog, nAnswer);
 }
 
 // True if the user did something: looked around or pressed a button.

@@ -58,12 +58,15 @@ bool HeadlessControls::ListFolder(WindowHandle hParent, const CString& sPath, st
     sFolder.erase(nElement);
   }
   std::error_code error;
-  const fs::path folder = fs::absolute(sFolder.empty() ? "." : sFolder, error).lexically_normal();
+  fs::path folder =
+      fs::absolute(sFolder.empty() ? "." : Utf8FromCodePage1252(sFolder), error).lexically_normal();
+  if (!folder.has_filename()) folder = folder.parent_path();  // no slash behind the last name
   fs::directory_iterator entries(folder, error);
   if (error) return false;
 
   std::vector<CString> files;
   std::vector<CString> folders;
+  if ((nAttributes & kSearchFolders) != 0 && folder.has_relative_path()) folders.push_back("[..]");
   for (; !error && entries != fs::directory_iterator(); entries.increment(error)) {
     const CString sName = CodePage1252FromUtf8(entries->path().filename().string());
     std::error_code noStatus;

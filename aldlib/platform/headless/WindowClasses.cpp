@@ -63,6 +63,17 @@ CString HeadlessWindows::ClassName(WindowHandle hWindow) {
   return pWindow != nullptr ? pWindow->pClass->sName : CString();
 }
 
+bool HeadlessWindows::IsOfClass(WindowHandle hWindow, const CString& sClass) {
+  const HeadlessWindow* const pWindow = Find(hWindow);
+  if (pWindow == nullptr) return false;
+  const CString sFolded = FoldedName(sClass);
+  for (const WindowClass* pClass = pWindow->pClass.get(); pClass != nullptr;
+       pClass = pClass->pBase.get()) {
+    if (FoldedName(pClass->sName) == sFolded) return true;
+  }
+  return false;
+}
+
 std::intptr_t HeadlessWindows::Call(WindowHandle hWindow, std::uint32_t nMessage,
                                     std::uint32_t nWord, std::intptr_t nLong) {
   return CallFrom(0, hWindow, nMessage, nWord, nLong);

@@ -129,7 +129,7 @@ void HeadlessWindows::Invalidate(WindowHandle hWindow, const Rect* pPart, bool b
 void HeadlessWindows::NoteInvalid(WindowHandle hWindow, const Rect& part, bool bErase) {
   HeadlessWindow* const pWindow = Find(hWindow);
   if (pWindow == nullptr) return;
-  m_invalidations.push_back({hWindow, part, bErase});
+  if (m_parts.bRecord) m_invalidations.push_back({hWindow, part, bErase});
   if (IsEmpty(part)) return;
   pWindow->invalid = pWindow->invalid ? Union(*pWindow->invalid, part) : part;
   pWindow->bToPaint = true;

@@ -139,7 +139,7 @@ bool HeadlessWindows::Flash(WindowHandle hWindow, bool bInvert) {
   const bool bActive = m_hActive == hWindow;
   const bool bWasLit = pWindow->bFlashed != bActive;
   pWindow->bFlashed = bInvert && !pWindow->bFlashed;
-  if (bInvert) m_flashed.push_back(hWindow);
+  if (bInvert && m_parts.bRecord) m_flashed.push_back(hWindow);
   return bWasLit;
 }
 

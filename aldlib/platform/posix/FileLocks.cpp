@@ -55,10 +55,10 @@ struct Lock {
   bool bFound;  // by a test: somebody else is in the way
 };
 
-Lock Apply(int nDescriptor, int nCommand, short nType, short nWhence, off_t nStart, off_t nLength) {
+Lock Apply(int nDescriptor, int nCommand, short nType, off_t nStart, off_t nLength) {
   struct flock range {};
   range.l_type = nType;
-  range.l_whence = nWhence;
+  range.l_whence = SEEK_SET;
   range.l_start = nStart;
   range.l_len = nLength;
   int nResult = 0;
@@ -103,7 +103,7 @@ struct Marks {
 
   std::uint32_t Look(int nDescriptor) const {
     for (const off_t nMark : std::span(aAgainst, nAgainst)) {
-      const Lock lock = Apply(nDescriptor, F_OFD_GETLK, F_WRLCK, SEEK_SET, nMark, 1);
+      const Lock lock = Apply(nDescriptor, F_OFD_GETLK, F_WRLCK, nMark, 1);
       if (lock.nErrno != 0) return LockError(lock.nErrno, kSharingViolation);
       if (lock.bFound) return kSharingViolation;
     }
@@ -111,14 +111,12 @@ struct Marks {
   }
   std::uint32_t Leave(int nDescriptor) const {
     for (const off_t nMark : std::span(aOwn, nOwn)) {
-      const Lock lock = Apply(nDescriptor, F_OFD_SETLK, F_RDLCK, SEEK_SET, nMark, 1);
+      const Lock lock = Apply(nDescriptor, F_OFD_SETLK, F_RDLCK, nMark, 1);
       if (lock.nErrno != 0) return LockError(lock.nErrno, kSharingViolation);
     }
     return kNoSystemError;
   }
-  void TakeBack(int nDescriptor) const {
-    Apply(nDescriptor, F_OFD_SETLK, F_UNLCK, SEEK_SET, kReads, 4);
-  }
+  void TakeBack(int nDescriptor) const { Apply(nDescriptor, F_OFD_SETLK, F_UNLCK, kReads, 4); }
 };
 
 }  // namespace
@@ -145,7 +143,7 @@ std::uint32_t HoldSharing(int nDescriptor, FileAccess eAccess, FileSharing eShar
 std::uint32_t HoldRange(int nDescriptor, bool bCanWrite, std::int64_t nStart,
                         std::int64_t nLength) {
   const auto apply = [&](int nCommand, short nType) {
-    const Lock lock = Apply(nDescriptor, nCommand, nType, SEEK_SET, nStart, nLength);
+    const Lock lock = Apply(nDescriptor, nCommand, nType, nStart, nLength);
     if (lock.nErrno != 0) return LockError(lock.nErrno, kLockViolation);
     return nCommand == F_OFD_GETLK && lock.bFound ? std::uint32_t{kLockViolation}
                                                   : std::uint32_t{kNoSystemError};
@@ -161,11 +159,11 @@ std::uint32_t HoldRange(int nDescriptor, bool bCanWrite, std::int64_t nStart,
 }
 
 void ReleaseRange(int nDescriptor, std::int64_t nStart, std::int64_t nLength) {
-  if (nLength > 0) Apply(nDescriptor, F_OFD_SETLK, F_UNLCK, SEEK_SET, nStart, nLength);
+  if (nLength > 0) Apply(nDescriptor, F_OFD_SETLK, F_UNLCK, nStart, nLength);
 }
 
-bool IsHeldByOther(int nDescriptor, std::uint32_t nBytes) {
-  return nBytes > 0 && Apply(nDescriptor, F_OFD_GETLK, F_WRLCK, SEEK_CUR, 0, nBytes).bFound;
+bool IsHeldByOther(int nDescriptor, std::int64_t nStart, std::uint32_t nBytes) {
+  return nBytes > 0 && Apply(nDescriptor, F_OFD_GETLK, F_WRLCK, nStart, nBytes).bFound;
 }
 
 }  // namespace ald

@@ -17,7 +17,7 @@ std::uint32_t HoldSharing(int nDescriptor, FileAccess eAccess, FileSharing eShar
 std::uint32_t HoldRange(int nDescriptor, bool bCanWrite, std::int64_t nStart, std::int64_t nLength);
 void ReleaseRange(int nDescriptor, std::int64_t nStart, std::int64_t nLength);
 
-// True if another open has locked one of the bytes from the position on.
-bool IsHeldByOther(int nDescriptor, std::uint32_t nBytes);
+// True if another open has locked one of the bytes.
+bool IsHeldByOther(int nDescriptor, std::int64_t nStart, std::uint32_t nBytes);
 
 }  // namespace ald

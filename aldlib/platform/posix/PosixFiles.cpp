@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cstring>
 #include <mutex>
 #include <new>
 #include <vector>
@@ -17,13 +18,34 @@
 
 namespace ald {
 
+// Where bytes are read and written is kept here for a file that has positions, and by the system
+// for a device or a pipe.
+//
+// A text is read 256 bytes at a time, and each call into the system costs as much as handling that
+// many bytes. So what is read one piece behind the other comes out of a larger piece that was read
+// ahead, as long as nobody else can write the file: then the bytes in hand are those in the file.
+// That others could meanwhile have locked some of them does no harm for the same reason. Where
+// writing is shared every read asks the system.
 struct PosixFiles::OpenFile {
   Descriptor descriptor;
   FileAccess eAccess = FileAccess::Read;
+  bool bPositions = false;
   bool bLocks = false;   // sharing and ranges hold here
   bool bOthers = false;  // and others may have the file open, so ranges of theirs are to be minded
-  std::mutex mutex;
+  bool bAhead = false;   // nobody else can write it
+  std::mutex mutex;      // over what follows
+  std::int64_t nPosition = 0;
   std::vector<FileRange> ranges;
+
+  std::unique_ptr<char[]> pAhead;
+  std::int64_t nAheadStart = 0;
+  std::int64_t nAheadEnd = 0;
+  std::int64_t nLastEnd = 0;  // of the last read: one that begins there goes on with it
+
+  std::uint32_t ReadAt(void* pBuffer, std::uint32_t nBytes, std::int64_t nStart,
+                       std::uint32_t& nMoved);
+  std::uint32_t ReadThrough(char* pBuffer, std::uint32_t nBytes, std::uint32_t& nMoved);
+  bool ReadsAhead(std::uint32_t nBytes);
 };
 
 struct PosixFiles::State {
@@ -44,6 +66,8 @@ namespace {
 
 // How often an open begins again because its file lost its name in the meantime.
 constexpr int kOpenTries = 50;
+
+constexpr std::uint32_t kAhead = 32768;
 
 bool IsReadOnly(const struct stat& status) {
   return S_ISREG(status.st_mode) && (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
@@ -148,7 +172,9 @@ std::uint32_t PosixFiles::Open(const char* szPath, FileAccess eAccess, FileShari
   }
   pFile->descriptor = std::move(opened.descriptor);
   pFile->eAccess = eAccess;
+  pFile->bPositions = S_ISREG(opened.status.st_mode);
   pFile->bLocks = opened.bLocks;
+  pFile->bAhead = opened.bLocks && !SharesWriting(eSharing);
   pFile->bOthers = opened.bLocks && eSharing != FileSharing::None;
   hFile = m_pState->table.Add(pFile);
   return hFile != FileHandle{} ? kNoSystemError : kTooManyOpenFiles;
@@ -172,6 +198,50 @@ std::uint32_t PosixFiles::Duplicate(FileHandle hFile, FileHandle& hCopy) try {
   return kNotEnoughMemory;
 }
 
+std::uint32_t PosixFiles::OpenFile::ReadAt(void* pBuffer, std::uint32_t nBytes, std::int64_t nStart,
+                                           std::uint32_t& nMoved) {
+  nMoved = 0;
+  if (bOthers && IsHeldByOther(descriptor.get(), nStart, nBytes)) return kLockViolation;
+  const ssize_t nRead = Uninterrupted([&] {
+    return bPositions ? ::pread(descriptor.get(), pBuffer, nBytes, nStart)
+                      : ::read(descriptor.get(), pBuffer, nBytes);
+  });
+  if (nRead < 0) return ClassicError(errno);
+  nMoved = static_cast<std::uint32_t>(nRead);
+  return kNoSystemError;
+}
+
+bool PosixFiles::OpenFile::ReadsAhead(std::uint32_t nBytes) {
+  if (!bAhead || nBytes >= kAhead) return false;
+  if (nPosition >= nAheadStart && nPosition < nAheadEnd) return true;
+  if (nPosition != nLastEnd) return false;
+  if (pAhead == nullptr) pAhead.reset(new (std::nothrow) char[kAhead]);
+  return pAhead != nullptr;
+}
+
+std::uint32_t PosixFiles::OpenFile::ReadThrough(char* pBuffer, std::uint32_t nBytes,
+                                                std::uint32_t& nMoved) {
+  nMoved = 0;
+  while (nMoved < nBytes) {
+    const std::int64_t nStart = nPosition + nMoved;
+    if (nStart < nAheadStart || nStart >= nAheadEnd) {
+      std::uint32_t nAhead = 0;
+      nAheadStart = nAheadEnd = nStart;
+      if (const std::uint32_t nError = ReadAt(pAhead.get(), kAhead, nStart, nAhead)) {
+        nMoved = 0;
+        return nError;
+      }
+      if (nAhead == 0) break;
+      nAheadEnd = nStart + nAhead;
+    }
+    const auto nRun =
+        static_cast<std::uint32_t>(std::min<std::int64_t>(nBytes - nMoved, nAheadEnd - nStart));
+    std::memcpy(pBuffer + nMoved, pAhead.get() + (nStart - nAheadStart), nRun);
+    nMoved += nRun;
+  }
+  return kNoSystemError;
+}
+
 std::uint32_t PosixFiles::Read(FileHandle hFile, void* pBuffer, std::uint32_t nBytes,
                                std::uint32_t& nMoved) {
   nMoved = 0;
@@ -179,12 +249,14 @@ std::uint32_t PosixFiles::Read(FileHandle hFile, void* pBuffer, std::uint32_t nB
   if (pFile == nullptr) return kInvalidHandle;
   if (pBuffer == nullptr) return kInvalidParameter;
   if (!Reads(pFile->eAccess)) return kAccessDenied;
-  const int nDescriptor = pFile->descriptor.get();
-  if (pFile->bOthers && IsHeldByOther(nDescriptor, nBytes)) return kLockViolation;
-  const ssize_t nRead = Uninterrupted([&] { return ::read(nDescriptor, pBuffer, nBytes); });
-  if (nRead < 0) return ClassicError(errno);
-  nMoved = static_cast<std::uint32_t>(nRead);
-  return kNoSystemError;
+  if (!pFile->bPositions) return pFile->ReadAt(pBuffer, nBytes, 0, nMoved);
+  const std::lock_guard guard(pFile->mutex);
+  const std::uint32_t nError = pFile->ReadsAhead(nBytes)
+                                   ? pFile->ReadThrough(static_cast<char*>(pBuffer), nBytes, nMoved)
+                                   : pFile->ReadAt(pBuffer, nBytes, pFile->nPosition, nMoved);
+  pFile->nPosition += nMoved;
+  pFile->nLastEnd = pFile->nPosition;
+  return nError;
 }
 
 std::uint32_t PosixFiles::Write(FileHandle hFile, const void* pBuffer, std::uint32_t nBytes,
@@ -195,13 +267,20 @@ std::uint32_t PosixFiles::Write(FileHandle hFile, const void* pBuffer, std::uint
   if (pBuffer == nullptr) return kInvalidParameter;
   if (!Writes(pFile->eAccess)) return kAccessDenied;
   const int nDescriptor = pFile->descriptor.get();
-  if (pFile->bOthers && IsHeldByOther(nDescriptor, nBytes)) return kLockViolation;
-  const ssize_t nWritten = Uninterrupted([&] { return ::write(nDescriptor, pBuffer, nBytes); });
+  std::unique_lock guard(pFile->mutex, std::defer_lock);
+  if (pFile->bPositions) guard.lock();  // a device may keep its writer waiting for its reader
+  if (pFile->bOthers && IsHeldByOther(nDescriptor, pFile->nPosition, nBytes)) return kLockViolation;
+  pFile->nAheadEnd = pFile->nAheadStart;
+  const ssize_t nWritten = Uninterrupted([&] {
+    return pFile->bPositions ? ::pwrite(nDescriptor, pBuffer, nBytes, pFile->nPosition)
+                             : ::write(nDescriptor, pBuffer, nBytes);
+  });
   if (nWritten < 0) {
     const std::uint32_t nError = ClassicError(errno);
     return nError == kDiskFull ? kNoSystemError : nError;
   }
   nMoved = static_cast<std::uint32_t>(nWritten);
+  if (pFile->bPositions) pFile->nPosition += nMoved;
   return kNoSystemError;
 }
 
@@ -210,11 +289,24 @@ std::uint32_t PosixFiles::Seek(FileHandle hFile, std::int64_t nOffset, SeekFrom 
   nPosition = 0;
   const auto pFile = m_pState->table.Find(hFile);
   if (pFile == nullptr) return kInvalidHandle;
-  constexpr int kWhence[] = {SEEK_SET, SEEK_CUR, SEEK_END};
-  const off_t nNow =
-      ::lseek(pFile->descriptor.get(), nOffset, kWhence[static_cast<unsigned>(eFrom)]);
-  if (nNow < 0) return errno == EINVAL ? std::uint32_t{kBadPosition} : ClassicError(errno);
-  nPosition = nNow;
+  if (!pFile->bPositions) {
+    constexpr int kWhence[] = {SEEK_SET, SEEK_CUR, SEEK_END};
+    const off_t nNow =
+        ::lseek(pFile->descriptor.get(), nOffset, kWhence[static_cast<unsigned>(eFrom)]);
+    if (nNow < 0) return errno == EINVAL ? std::uint32_t{kBadPosition} : ClassicError(errno);
+    nPosition = nNow;
+    return kNoSystemError;
+  }
+  const std::lock_guard guard(pFile->mutex);
+  std::int64_t nBase = 0;
+  if (eFrom == SeekFrom::Current) nBase = pFile->nPosition;
+  if (eFrom == SeekFrom::End) {
+    struct stat status {};
+    if (::fstat(pFile->descriptor.get(), &status) != 0) return ClassicError(errno);
+    nBase = status.st_size;
+  }
+  if (nOffset < -nBase || nOffset > kRangeLimit - nBase) return kBadPosition;
+  nPosition = pFile->nPosition = nBase + nOffset;
   return kNoSystemError;
 }
 

@@ -1,6 +1,7 @@
+#include <errno.h>
+
 #include "aldlib/platform/MemoryRegistry.h"
 #include "aldlib/platform/TableResources.h"
-#include "aldlib/platform/headless/HeadlessDesktop.h"
 #include "aldlib/platform/internal/NeverDestroyed.h"
 #include "aldlib/platform/internal/SystemPlatform.h"
 #include "aldlib/platform/posix/IniProfile.h"
@@ -10,15 +11,19 @@
 #include "aldlib/platform/posix/PosixLocale.h"
 #include "aldlib/platform/posix/PosixMachine.h"
 #include "aldlib/platform/posix/PosixProduct.h"
+#include "aldlib/platform/posix/PosixTerminal.h"
 #include "aldlib/platform/posix/PosixVolumes.h"
 #include "aldlib/platform/posix/ProcProcesses.h"
 #include "aldlib/platform/posix/SettingsFolders.h"
 #include "aldlib/platform/posix/SqliteRegistry.h"
+#include "aldlib/platform/terminal/TerminalDesktop.h"
 
 namespace ald {
 namespace {
 
 struct Ports {
+  Ports() { desktop.SetApplicationName(::program_invocation_short_name); }
+
   PathMapper paths;
   TableResources resources;
   PosixMachine machine;
@@ -34,7 +39,8 @@ struct Ports {
   PosixFiles files{paths};
   PosixVolumes volumes{paths};
   ProcProcesses processes;
-  HeadlessDesktop desktop{clock};
+  PosixTerminal terminal;
+  TerminalDesktop desktop{clock, terminal};
   Platform platform{resources, machine, locale,  profile,   registry,       product,
                     clock,     files,   volumes, processes, desktop.Ports()};
 };
@@ -56,6 +62,10 @@ PathMapper& SystemPaths() {
 
 PosixProduct& SystemProduct() {
   return SystemPorts().product;
+}
+
+TerminalDesktop& SystemDesktop() {
+  return SystemPorts().desktop;
 }
 
 }  // namespace ald

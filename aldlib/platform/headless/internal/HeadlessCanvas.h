@@ -75,6 +75,8 @@ class HeadlessCanvas : public Canvas {
 
   DrawnItem NewItem(DrawnItem::Kind kind, const DeviceContext& context, const Rect& place) const;
 
+  void Note(DrawnItem item);
+
   HeadlessParts& m_parts;
   HandleTable<ContextHandle, DeviceContext> m_contexts;
   HandleTable<FontHandle, tagLOGFONTA> m_fonts;

@@ -18,7 +18,7 @@ class HeadlessMenus : public MenuBar {
 
   MenuHandle Of(WindowHandle hWindow) override;
   bool SetOf(WindowHandle hWindow, MenuHandle hMenu) override;
-  void Redraw(WindowHandle hWindow) override { m_redrawn.push_back(hWindow); }
+  void Redraw(WindowHandle hWindow) override;
   MenuHandle CreateBar() override { return m_menus.Add({}); }
   MenuHandle CreatePopup() override { return m_menus.Add({}); }
   bool DestroyMenu(MenuHandle hMenu) override;

@@ -18,13 +18,18 @@ namespace ald {
 // Writes down what it is to open.
 class HeadlessHelp : public Help {
  public:
+  explicit HeadlessHelp(const bool& bRecord) : m_bRecord(bRecord) {}
+
   bool OpenTopic(WindowHandle hOwner, const CString& sFile, std::uint32_t nTopic) override {
-    m_opened.push_back({hOwner, sFile, nTopic});
+    if (m_bRecord) m_opened.push_back({hOwner, sFile, nTopic});
     return m_bHasViewer;
   }
 
   std::vector<OpenedTopic> m_opened;
   bool m_bHasViewer = true;
+
+ private:
+  const bool& m_bRecord;
 };
 
 // The backends of one desktop. Each of them reaches the others through this.
@@ -32,13 +37,14 @@ struct HeadlessParts {
   explicit HeadlessParts(Clock& clockIn) : clock(clockIn) {}
 
   Clock& clock;
+  bool bRecord = true;  // whether the lists of what came out grow
   HeadlessCanvas canvas{*this};
   HeadlessMenus menus{*this};
   HeadlessQueue queue{*this};
   HeadlessWindows windows{*this};
   HeadlessControls controls{*this};
   HeadlessPresenter presenter{*this};
-  HeadlessHelp help;
+  HeadlessHelp help{bRecord};
 };
 
 }  // namespace ald

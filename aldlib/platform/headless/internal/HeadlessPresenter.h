@@ -52,6 +52,7 @@ class HeadlessPresenter : public Presenter {
                     const DialogTemplate& dialog, DialogProcedure procedure, std::intptr_t nInit);
   WindowHandle Frame();
   void Serve(std::size_t nRun);
+  void GiveUp(std::size_t nRun);
   bool AskUser(WindowHandle hDialog);
 
   HeadlessParts& m_parts;

@@ -88,6 +88,7 @@ class HeadlessWindows : public Windows {
 
   HeadlessWindow* Find(WindowHandle hWindow) { return m_windows.Find(hWindow); }
   std::size_t Count() const { return m_windows.Count(); }
+  bool IsOfClass(WindowHandle hWindow, const CString& sClass);
   // Hands a message to the window's procedure.
   std::intptr_t Call(WindowHandle hWindow, std::uint32_t nMessage, std::uint32_t nWord,
                      std::intptr_t nLong);

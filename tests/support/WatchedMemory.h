@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdlib>
+#include <new>
+
+// Puts the program's operator new under watch. The operators are defined here, so one source of a
+// program includes this.
+namespace ald {
+
+inline constinit long g_nAllocations = 0;   // how often memory was asked for
+inline constinit bool g_bNoMemory = false;  // refuse it from now on
+
+inline void* TakeMemory(std::size_t nBytes) {
+  ++g_nAllocations;
+  void* const pBytes = g_bNoMemory ? nullptr : std::malloc(nBytes != 0 ? nBytes : 1);
+  if (pBytes == nullptr) throw std::bad_alloc();
+  return pBytes;
+}
+
+}  // namespace ald
+
+void* operator new(std::size_t nBytes) {
+  return ald::TakeMemory(nBytes);
+}
+void* operator new[](std::size_t nBytes) {
+  return ald::TakeMemory(nBytes);
+}
+void operator delete(void* pBytes) noexcept {
+  std::free(pBytes);
+}
+void operator delete[](void* pBytes) noexcept {
+  std::free(pBytes);
+}
+void operator delete(void* pBytes, std::size_t) noexcept {
+  std::free(pBytes);
+}
+void operator delete[](void* pBytes, std::size_t) noexcept {
+  std::free(pBytes);
+}
