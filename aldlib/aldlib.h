@@ -54,6 +54,7 @@
 #include "aldlib/messages/Messages.h"
 #include "aldlib/payroll/EmployeeName.h"
 #include "aldlib/payroll/NameParser.h"
+#include "aldlib/payroll/TaxInfo.h"
 #include "aldlib/platform/Canvas.h"
 #include "aldlib/platform/Characters.h"
 #include "aldlib/platform/Clock.h"
