@@ -123,6 +123,25 @@ void AddLock(CLI::App& app, int& nStatus) {
   });
 }
 
+void AddTaxInfo(CLI::App& app, int& nStatus) {
+  CLI::App* const pTaxInfo =
+      app.add_subcommand("taxinfo", "Check and show the tax information file of payroll.");
+  pTaxInfo->require_subcommand(1);
+  AddWithText(*pTaxInfo, nStatus, "check",
+              "Say line, section and key of all that payroll would not read as it is meant.\n"
+              "Ends with 0 if nothing is wrong, 1 if something is, 2 if the file is of no use.",
+              "FILE", "Such as examples/payroll/TaxInfo.Dat", &RunTaxInfoCheck);
+  CLI::App* const pShow =
+      pTaxInfo->add_subcommand("show", "Print what payroll reads of the file, or of one state.");
+  const Text sPath = NewText();
+  const Text sState = NewText();
+  pShow->add_option("FILE", *sPath, "A file named TaxInfo.Dat")->required();
+  pShow->add_option("STATE", *sState, "Two letters")->check([](const std::string& sGiven) {
+    return sGiven.size() == 2 ? std::string() : "a state has two letters";
+  });
+  pShow->callback([=, &nStatus] { nStatus = RunTaxInfoShow(*sPath, *sState); });
+}
+
 void AddPrefs(CLI::App& app, int& nStatus) {
   struct Given {
     std::string sGroup;
@@ -272,7 +291,7 @@ void AddMessages(CLI::App& app, int& nStatus) {
 
 constexpr void (*kAdd[])(CLI::App&, int&) = {
     AddChecks, AddAmounts, AddDates, AddName,     AddWhere, AddPrefs,
-    AddFind,   AddFiles,   AddLock,  AddMessages, AddPs,
+    AddFind,   AddFiles,   AddLock,  AddMessages, AddPs,    AddTaxInfo,
 };
 
 }  // namespace
