@@ -135,6 +135,7 @@ TEST(MemoryFailure, IsShownWithoutTakingMemory) {
       base.clock,
       base.files,
       base.volumes,
+      base.processes,
       Desktop{desk.queue, windows, desk.controls, desk.canvas, desk.menus, presenter, desk.help}};
   MoveToPlatform(&platform);
 
