@@ -68,7 +68,7 @@ Lock Apply(int nDescriptor, int nCommand, short nType, off_t nStart, off_t nLeng
   return {nResult != 0 ? errno : 0, nResult == 0 && range.l_type != F_UNLCK};
 }
 
-// What a system without such locks answers is that there are none.
+// A kernel or a file system without such locks refuses the command itself.
 std::uint32_t LockError(int nErrno, std::uint32_t nTaken) {
   if (nErrno == EAGAIN || nErrno == EACCES) return nTaken;
   return nErrno == EINVAL ? kInvalidFunction : ClassicError(nErrno);
