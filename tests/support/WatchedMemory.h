@@ -25,6 +25,16 @@ inline void* TakeMemory(std::size_t nBytes) {
 [[gnu::noinline]] void* operator new[](std::size_t nBytes) {
   return ald::TakeMemory(nBytes);
 }
+[[gnu::noinline]] void* operator new(std::size_t nBytes, const std::nothrow_t&) noexcept try {
+  return ald::TakeMemory(nBytes);
+} catch (const std::bad_alloc&) {
+  return nullptr;
+}
+[[gnu::noinline]] void* operator new[](std::size_t nBytes, const std::nothrow_t&) noexcept try {
+  return ald::TakeMemory(nBytes);
+} catch (const std::bad_alloc&) {
+  return nullptr;
+}
 [[gnu::noinline]] void operator delete(void* pBytes) noexcept {
   std::free(pBytes);
 }
