@@ -144,8 +144,12 @@ int ALWMessageBoxEx(WindowHandle hOwner, CDynamicHeapFixedString& sText, int nHe
   const BoxBuilder builder(sShown, pButtons);
   const ModuleHandle hModule =
       desktop.windows.IsWindow(hOwner) ? desktop.windows.Module(hOwner) : AlderLibHandle();
-  const std::intptr_t nPressed =
-      desktop.presenter.RunDialog(hOwner, hModule, builder.Box(), &MsgBoxDlgProc, 0);
+  const std::intptr_t nPressed = desktop.presenter.RunDialog(
+      hOwner, hModule, builder.Box(),
+      [](WindowHandle hDialog, std::uint32_t nMessage, std::uint32_t nWord, std::intptr_t nLong) {
+        return std::intptr_t{MsgBoxDlgProc(hDialog, nMessage, nWord, nLong)};
+      },
+      0);
 
   PopHelpLevel();
   if (pRecord != nullptr) pRecord->bInMessage = bWasInMessage;
@@ -169,7 +173,12 @@ int MsgBoxDlgProc(WindowHandle hDialog, std::uint32_t nMessage, std::uint32_t nW
                   std::intptr_t) {
   Windows& windows = CurrentPlatform().desktop.windows;
   if (nMessage == kMessageInitDialog) {
-    if (g_hIcon != IconHandle{}) windows.SetProcedure(windows.Child(hDialog, kIconId), &IconProc);
+    if (g_hIcon != IconHandle{}) {
+      windows.SetProcedure(
+          windows.Child(hDialog, kIconId),
+          [](WindowHandle hIcon, std::uint32_t nSent, std::uint32_t nSentWord,
+             std::intptr_t nSentLong) { return IconProc(hIcon, nSent, nSentWord, nSentLong); });
+    }
     const Rect box = windows.WindowRect(hDialog);
     windows.Place(hDialog, WindowOrder::kKeep,
                   (windows.Metric(kMetricScreenWidth) - box.Width()) / 2,

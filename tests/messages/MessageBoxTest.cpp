@@ -19,6 +19,14 @@ constexpr int kTextId = 5003;
 constexpr int kCheckBoxId = 5004;
 constexpr int kHelpId = 57670;
 
+// Dialog units as the desktop turns them into pixels, halves upward.
+constexpr int FromX(int nUnits) {
+  return (nUnits * 7 + 2) / 4;
+}
+constexpr int FromY(int nUnits) {
+  return (nUnits * 13 + 4) / 8;
+}
+
 // A character is 7 by 13 here, and an icon 32 by 32. What the user sees of the box in front is
 // noted when it waits, and then the button is pressed.
 class Boxes : public testing::Test {
@@ -33,7 +41,7 @@ class Boxes : public testing::Test {
 
   Boxes() {
     m_desktop.SetApplicationName("Alderfell");
-    m_platform.m_profile.m_files["PRODUCT.INI"] = "[Lib]\nALDERWHELPPATH=C:\\HELP\n";
+    m_platform.m_profile.m_files["PRODUCT.INI"] = "[Install]\nALDERWHELPPATH=C:\\HELP\n";
   }
 
   // Has the user press the buttons one after the other; the last one ends the box.
@@ -110,10 +118,10 @@ TEST_F(Boxes, ABoxOfTheCallersButtonsIsLaidOutInPixelsAndTurnedIntoDialogUnits) 
   EXPECT_EQ(m_nLevel, -20304);
   // Text 17 * 7 + 10 wide and one line high: height 70, text at 32 + 46, width 129 + 36 + 78 = 243.
   // From pixels to units and back each measure loses what does not divide by 7 / 4 and 13 / 8.
-  const auto x = [](int n) { return n * 4 / 7 * 7 / 4; };
-  const auto y = [](int n) { return n * 8 / 13 * 13 / 8; };
+  const auto x = [](int n) { return FromX(n * 4 / 7); };
+  const auto y = [](int n) { return FromY(n * 8 / 13); };
   EXPECT_EQ(m_client.Width(), x(243));
-  EXPECT_EQ(m_client.Height(), (70 * 8 + 304) / 13 * 13 / 8);
+  EXPECT_EQ(m_client.Height(), FromY((70 * 8 + 304) / 13));
   EXPECT_EQ(Find(2704).place.left, x(18));
   EXPECT_EQ(Find(2704).place.top, y(19));
   EXPECT_EQ(Find(-1).place.left, x(78));
@@ -121,9 +129,9 @@ TEST_F(Boxes, ABoxOfTheCallersButtonsIsLaidOutInPixelsAndTurnedIntoDialogUnits) 
   // The row: 58 + 16 + 90 = 164, begins at (243 - 164) / 2 = 39.
   EXPECT_EQ(Find(21).place.left, x(39));
   EXPECT_EQ(Find(21).place.top, y(70));
-  EXPECT_EQ(Find(21).place.Width(), x(58));
+  EXPECT_EQ(Find(21).place.right, FromX(39 * 4 / 7 + 58 * 4 / 7));
   EXPECT_EQ(Find(22).place.left, x(39 + 58 + 16));
-  EXPECT_EQ(Find(22).place.Width(), x(90));
+  EXPECT_EQ(Find(22).place.right, FromX(113 * 4 / 7 + 90 * 4 / 7));
   EXPECT_EQ(Buttons(), "&Post &Later ");  // none is the default
   // A third of what is left above, half of what is left at the side.
   EXPECT_EQ(m_box.left, (1024 - m_box.Width()) / 2);
@@ -215,18 +223,17 @@ TEST_F(Boxes, TheDialogGrowsWithTextIconAndCheckBox) {
   EXPECT_EQ(dialog.DoModal(), 6);
   EXPECT_EQ(dialog.ApplyToAll(), 0);
 
-  const Rect margins = Rect{0, 0, 7 * 7 / 4, 7 * 13 / 8};
-  const int xm = margins.right;
-  const int ym = margins.bottom;
-  const int nButton = 50 * 7 / 4;
-  const int nButtonHeight = 15 * 13 / 8;
+  const int xm = FromX(7);
+  const int ym = FromY(7);
+  const int nButton = FromX(50);
+  const int nButtonHeight = FromY(15);
   const int nRow = xm + 2 * nButton;                 // wider than the check box
   const int nMessage = std::max(20 * 7 + xm, nRow);  // the widest line decides
   const int nMessageHeight = 2 * 13 + ym;
   const int nCheckHeight = 13;
-  EXPECT_EQ(m_client.Width(), 22 * 7 / 4 + 32 + std::max(nRow, nMessage));
+  EXPECT_EQ(m_client.Width(), FromX(22) + 32 + std::max(nRow, nMessage));
   EXPECT_EQ(m_client.Height(),
-            22 * 13 / 8 + std::max(nMessageHeight, 32) + nButtonHeight + nCheckHeight);
+            FromY(22) + std::max(nMessageHeight, 32) + nButtonHeight + nCheckHeight);
   const int xText = xm + 32 + xm;
   EXPECT_EQ(Find(kTextId).place, (Rect{xText, ym, xText + nMessage, ym + nMessageHeight}));
   EXPECT_EQ(Find(kTextId).nStyle & 1, 1U);
