@@ -38,9 +38,7 @@ CString LockFileName(Areas eArea, const CPathNameString& sDirectory) {
 
 }  // namespace
 
-// Never destroyed: a guard may live longer than the objects of this library.
-CALWSingleUserAccess::LockFileMap (&CALWSingleUserAccess::m_lf)[kAreaCount] =
-    *new LockFileMap[1][kAreaCount];
+constinit CALWSingleUserAccess::LockFileMap* CALWSingleUserAccess::m_lf = nullptr;
 
 CLockFile::~CLockFile() {
   if (hFile != FileHandle{}) CurrentPlatform().files.Close(hFile);
@@ -148,17 +146,24 @@ bool CALWSingleUserAccess::RemoveLockFile(Areas eArea, const char* szDirectory) 
   return Remove(eArea, Normalised(szDirectory));
 }
 
-CLockFile* CALWSingleUserAccess::Find(Areas eArea, const CPathNameString& sDirectory) {
+CALWSingleUserAccess::LockFileMap* CALWSingleUserAccess::MapOf(Areas eArea) {
   if (!IsArea(eArea)) return nullptr;
-  const LockFileMap& map = m_lf[static_cast<std::int32_t>(eArea)];
-  const auto it = map.find(sDirectory);
-  return it != map.end() ? it->second : nullptr;
+  if (m_lf == nullptr) m_lf = new (std::nothrow) LockFileMap[kAreaCount];
+  return m_lf != nullptr ? &m_lf[static_cast<std::int32_t>(eArea)] : nullptr;
+}
+
+CLockFile* CALWSingleUserAccess::Find(Areas eArea, const CPathNameString& sDirectory) {
+  const LockFileMap* const pMap = MapOf(eArea);
+  if (pMap == nullptr) return nullptr;
+  const auto it = pMap->find(sDirectory);
+  return it != pMap->end() ? it->second : nullptr;
 }
 
 CLockFile* CALWSingleUserAccess::Enter(Areas eArea, const CPathNameString& sDirectory) try {
-  if (!IsArea(eArea)) return nullptr;
+  LockFileMap* const pMap = MapOf(eArea);
+  if (pMap == nullptr) return nullptr;
   auto pLockFile = std::make_unique<CLockFile>();
-  CLockFile*& pEntry = m_lf[static_cast<std::int32_t>(eArea)][sDirectory];
+  CLockFile*& pEntry = (*pMap)[sDirectory];
   delete pEntry;
   return pEntry = pLockFile.release();
 } catch (const std::bad_alloc&) {
@@ -178,12 +183,12 @@ CLockFile* CALWSingleUserAccess::FindOrEnter(Areas eArea, const CPathNameString&
 }
 
 bool CALWSingleUserAccess::Remove(Areas eArea, const CPathNameString& sDirectory) {
-  if (!IsArea(eArea)) return false;
-  LockFileMap& map = m_lf[static_cast<std::int32_t>(eArea)];
-  const auto it = map.find(sDirectory);
-  if (it == map.end()) return false;
+  LockFileMap* const pMap = MapOf(eArea);
+  if (pMap == nullptr) return false;
+  const auto it = pMap->find(sDirectory);
+  if (it == pMap->end()) return false;
   delete it->second;
-  map.erase(it);
+  pMap->erase(it);
   return true;
 }
 

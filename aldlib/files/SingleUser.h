@@ -114,7 +114,10 @@ class ALDLIB_EXPORT CALWSingleUserAccess {
   bool bLocked = false;
   Areas eArea;
 
-  static LockFileMap (&m_lf)[kAreaCount];
+  // The map of an area; null if there is no such area, or no memory.
+  static LockFileMap* MapOf(Areas eArea);
+
+  static LockFileMap* m_lf;  // one of each area, made on first use and never destroyed
 };
 
 #pragma pack(pop)

@@ -4,7 +4,7 @@
 #include <new>
 
 // Puts the program's operator new under watch. The operators are defined here, so one source of a
-// program includes this.
+// program includes this. They are not inlined: the compiler would see free() on what new returned.
 namespace ald {
 
 inline constinit long g_nAllocations = 0;   // how often memory was asked for
@@ -19,21 +19,31 @@ inline void* TakeMemory(std::size_t nBytes) {
 
 }  // namespace ald
 
-void* operator new(std::size_t nBytes) {
+[[gnu::noinline]] void* operator new(std::size_t nBytes) {
   return ald::TakeMemory(nBytes);
 }
-void* operator new[](std::size_t nBytes) {
+[[gnu::noinline]] void* operator new[](std::size_t nBytes) {
   return ald::TakeMemory(nBytes);
 }
-void operator delete(void* pBytes) noexcept {
+[[gnu::noinline]] void* operator new(std::size_t nBytes, const std::nothrow_t&) noexcept try {
+  return ald::TakeMemory(nBytes);
+} catch (const std::bad_alloc&) {
+  return nullptr;
+}
+[[gnu::noinline]] void* operator new[](std::size_t nBytes, const std::nothrow_t&) noexcept try {
+  return ald::TakeMemory(nBytes);
+} catch (const std::bad_alloc&) {
+  return nullptr;
+}
+[[gnu::noinline]] void operator delete(void* pBytes) noexcept {
   std::free(pBytes);
 }
-void operator delete[](void* pBytes) noexcept {
+[[gnu::noinline]] void operator delete[](void* pBytes) noexcept {
   std::free(pBytes);
 }
-void operator delete(void* pBytes, std::size_t) noexcept {
+[[gnu::noinline]] void operator delete(void* pBytes, std::size_t) noexcept {
   std::free(pBytes);
 }
-void operator delete[](void* pBytes, std::size_t) noexcept {
+[[gnu::noinline]] void operator delete[](void* pBytes, std::size_t) noexcept {
   std::free(pBytes);
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "aldlib/files/SingleUser.h"
 #include "tools/aldtool/BadLines.h"
 #include "tools/aldtool/Commands.h"
 
@@ -96,6 +97,29 @@ void AddDates(CLI::App& app, int& nStatus) {
 void AddWhere(CLI::App& app, int& nStatus) {
   app.add_subcommand("where", "Print where the settings lie.")->callback([&nStatus] {
     nStatus = RunWhere();
+  });
+}
+
+void AddLock(CLI::App& app, int& nStatus) {
+  struct Given {
+    std::int32_t nArea = 0;
+    std::string sFolder;
+    bool bShared = false;
+    std::vector<std::string> command;
+  };
+  const auto given = std::make_shared<Given>();
+  CLI::App* const pLock = app.add_subcommand(
+      "lock",
+      "Run a command while an area of a company's folder is locked, alone or beside others.\n"
+      "Ends as the command does, or with 2 and a message if the area is not to be had.");
+  pLock->add_option("AREA", given->nArea, "0 to 8")
+      ->required()
+      ->check(CLI::Range(0, ald::kAreaCount - 1));
+  pLock->add_option("DIR", given->sFolder, "Native, or such as 'C:\\BOOKS'")->required();
+  pLock->add_flag("-s,--shared", given->bShared, "Beside others who share it");
+  pLock->add_option("COMMAND", given->command, "Behind --, with its arguments")->required();
+  pLock->callback([=, &nStatus] {
+    nStatus = RunLock(given->nArea, given->sFolder, given->bShared, given->command);
   });
 }
 
@@ -247,8 +271,8 @@ void AddMessages(CLI::App& app, int& nStatus) {
 }
 
 constexpr void (*kAdd[])(CLI::App&, int&) = {
-    AddChecks, AddAmounts, AddDates, AddName,     AddWhere,
-    AddPrefs,  AddFind,    AddFiles, AddMessages, AddPs,
+    AddChecks, AddAmounts, AddDates, AddName,     AddWhere, AddPrefs,
+    AddFind,   AddFiles,   AddLock,  AddMessages, AddPs,
 };
 
 }  // namespace

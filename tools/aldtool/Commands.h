@@ -46,6 +46,10 @@ int RunFileCat(const std::string& sPath);
 int RunFileLines(const std::string& sPath);
 int RunFileCopy(const std::string& sFrom, const std::string& sTo);
 int RunFileLock(const std::string& sPath, std::int32_t nStart, std::int32_t nLength);
+// Holds a single-user area of a folder while a program runs, and returns the program's status;
+// kUnusable if the area was not to be had.
+int RunLock(std::int32_t nArea, const std::string& sFolder, bool bShared,
+            const std::vector<std::string>& command);
 int RunWhere();
 int RunWords(const std::string& sTyped);
 
