@@ -289,9 +289,22 @@ void AddMessages(CLI::App& app, int& nStatus) {
               "FILE", "A line holds a number, a blank and the text", &RunTexts);
 }
 
+void AddOneTime(CLI::App& app, int& nStatus) {
+  CLI::App* const pOneTime =
+      app.add_subcommand("onetime", "Look at the messages that the user has switched off.");
+  pOneTime->require_subcommand(1);
+  pOneTime->add_subcommand("list", "List the messages by their keys, and whether each is shown.")
+      ->callback([&nStatus] { nStatus = RunOneTimeList(); });
+  CLI::App* const pReset =
+      pOneTime->add_subcommand("reset", "Bring one message back, or all of them.");
+  const Text sKey = NewText();
+  pReset->add_option("KEY", *sKey, "Such as CLOSECOMPANYMSG; without it all");
+  pReset->callback([=, &nStatus] { nStatus = RunOneTimeReset(*sKey); });
+}
+
 constexpr void (*kAdd[])(CLI::App&, int&) = {
-    AddChecks, AddAmounts, AddDates, AddName,     AddWhere, AddPrefs,
-    AddFind,   AddFiles,   AddLock,  AddMessages, AddPs,    AddTaxInfo,
+    AddChecks, AddAmounts, AddDates,    AddName,    AddWhere, AddPrefs,   AddFind,
+    AddFiles,  AddLock,    AddMessages, AddOneTime, AddPs,    AddTaxInfo,
 };
 
 }  // namespace

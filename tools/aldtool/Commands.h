@@ -54,6 +54,10 @@ int RunLock(std::int32_t nArea, const std::string& sFolder, bool bShared,
 int RunTaxInfoCheck(const std::string& sPath);
 // Prints what payroll reads of the file: all but the states, or one of them.
 int RunTaxInfoShow(const std::string& sPath, const std::string& sState);
+// The messages that a user can switch off: whether each is shown, and one of them, or all for an
+// empty key, brought back.
+int RunOneTimeList();
+int RunOneTimeReset(const std::string& sKey);
 int RunWhere();
 int RunWords(const std::string& sTyped);
 
