@@ -11,6 +11,7 @@
 #include "aldlib/frame/LibraryStrings.h"
 #include "aldlib/frame/WindowMemory.h"
 #include "aldlib/messages/internal/MessageEngine.h"
+#include "aldlib/payroll/internal/ForgetTaxInfo.h"
 #include "aldlib/screens/Menus.h"
 #include "aldlib/screens/internal/ForgetScreens.h"
 
@@ -50,6 +51,7 @@ void Unload(ModuleHandle hModule) {
   DelMenuIDOwnerTable();
   CloseFinds();
   g_directories = {};
+  ForgetTaxInfo();
   ForgetSettings();
   CloseMessageDoor();
 }

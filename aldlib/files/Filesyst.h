@@ -74,8 +74,9 @@ inline constexpr std::uint16_t kOpenCreate = 0x1000;
 
 #pragma pack(push, 1)
 
-// The record of a file in use. Order and width of the fields are fixed.
-struct File {
+// The record of a file in use. Order and width of the fields are fixed. The attribute has the
+// compiler make a copy where a reference to a field is wanted, as the pragma alone does not.
+struct [[gnu::packed]] File {
   std::uint32_t nError = 0;        // of the last operation; 0 is success
   std::uint8_t bEof = 0;           // the end was met; also after a short write, and of a new file
   std::uint8_t bCreated = 0;       // this open made the file
@@ -92,7 +93,7 @@ struct File {
 };
 
 // A range of bytes.
-struct LockRec {
+struct [[gnu::packed]] LockRec {
   std::int32_t nStart;
   std::int32_t nLength;
 };
@@ -259,48 +260,62 @@ template <class T>
 concept FileNameText =
     std::convertible_to<const T&, const char*> && !std::derived_from<T, CPathNameString>;
 
+namespace internal {
+
+// Out of line, where no compiler takes the bound of 259 for a reading of that many characters.
+ALDLIB_EXPORT CPathNameString PathOfText(const char* szName) noexcept;
+
+template <FileNameText T>
+CPathNameString PathOf(const T& name) noexcept {
+  if constexpr (FixedText<T>) {
+    return CPathNameString(name);
+  } else {
+    return PathOfText(name);
+  }
+}
+
+}  // namespace internal
+
 template <FileNameText T>
 void Create(File* pFile, const T& name) {
-  Create(pFile, CPathNameString(static_cast<const char*>(name)));
+  Create(pFile, internal::PathOf(name));
 }
 template <FileNameText T>
 void Create32(File* pFile, const T& name) {
-  Create32(pFile, CPathNameString(static_cast<const char*>(name)));
+  Create32(pFile, internal::PathOf(name));
 }
 template <FileNameText T>
 void MultiLookup(File* pFile, const T& name, std::uint8_t bMulti, std::uint8_t bReadOnly,
                  std::uint8_t bCreate) {
-  MultiLookup(pFile, CPathNameString(static_cast<const char*>(name)), bMulti, bReadOnly, bCreate);
+  MultiLookup(pFile, internal::PathOf(name), bMulti, bReadOnly, bCreate);
 }
 template <FileNameText T>
 void Lookup(File* pFile, const T& name, std::uint8_t bCreate) {
-  Lookup(pFile, CPathNameString(static_cast<const char*>(name)), bCreate);
+  Lookup(pFile, internal::PathOf(name), bCreate);
 }
 template <FileNameText T>
 int ALWOpenFile(const T& name, OpenRecord* pRecord, std::uint16_t nStyle) {
-  return ALWOpenFile(CPathNameString(static_cast<const char*>(name)), pRecord, nStyle);
+  return ALWOpenFile(internal::PathOf(name), pRecord, nStyle);
 }
 template <FileNameText T, FileNameText U>
 std::uint16_t Rename(const T& oldName, const U& newName) {
-  return Rename(CPathNameString(static_cast<const char*>(oldName)),
-                CPathNameString(static_cast<const char*>(newName)));
+  return Rename(internal::PathOf(oldName), internal::PathOf(newName));
 }
 template <FileNameText T>
 std::uint16_t FileDelete(const T& name) {
-  return FileDelete(CPathNameString(static_cast<const char*>(name)));
+  return FileDelete(internal::PathOf(name));
 }
 template <FileNameText T>
 int FileExist(const T& name) {
-  return FileExist(CPathNameString(static_cast<const char*>(name)));
+  return FileExist(internal::PathOf(name));
 }
 template <FileNameText T>
 void FileDeleteWithLCK(const T& name) {
-  FileDeleteWithLCK(CPathNameString(static_cast<const char*>(name)));
+  FileDeleteWithLCK(internal::PathOf(name));
 }
 template <FileNameText T, FileNameText U>
 std::uint8_t CopyFile2(const T& toName, const U& fromName, std::uint8_t bCopy) {
-  return CopyFile2(CPathNameString(static_cast<const char*>(toName)),
-                   CPathNameString(static_cast<const char*>(fromName)), bCopy);
+  return CopyFile2(internal::PathOf(toName), internal::PathOf(fromName), bCopy);
 }
 
 }  // namespace ald

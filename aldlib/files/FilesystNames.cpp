@@ -87,6 +87,10 @@ class Block {
 
 }  // namespace
 
+CPathNameString internal::PathOfText(const char* szName) noexcept {
+  return CPathNameString(szName);
+}
+
 std::uint16_t Rename(const CPathNameString& sOld, const CPathNameString& sNew) {
   return RuntimeError(SystemFiles().Rename(sOld, sNew));
 }

@@ -40,8 +40,8 @@ enum class SeekFrom : std::uint8_t { Start, Current, End };
 //   Write, shares all      Read, shares Read      kSharingViolation: the second shares no writing
 //   any, shares none       any                    kSharingViolation
 //
-// A refusal comes at once; nothing here waits. What a process held is free as soon as it has ended,
-// however it ended.
+// A refusal comes at once, and nothing here waits but for a Delete or Rename that is just at work
+// on the file. What a process held is free as soon as it has ended, however it ended.
 class ALDLIB_EXPORT Files {
  public:
   virtual ~Files() = default;

@@ -30,6 +30,12 @@ struct Platform {
   Volumes& volumes;
   Processes& processes;
   Desktop desktop;
+
+  // The same system beneath another desktop, as a host or a test wants it.
+  Platform WithDesktop(const Desktop& other) const {
+    return {resources, machine, locale,  profile,   registry, product,
+            clock,     files,   volumes, processes, other};
+  }
 };
 
 // Returns the platform in use: the installed one, or else the system's own. Answers at any time,

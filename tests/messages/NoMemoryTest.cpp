@@ -125,17 +125,8 @@ TEST(MemoryFailure, IsShownWithoutTakingMemory) {
   CountingPresenter presenter;
   const Platform& base = CurrentPlatform();
   const Desktop& desk = base.desktop;
-  Platform platform{
-      base.resources,
-      base.machine,
-      base.locale,
-      base.profile,
-      base.registry,
-      base.product,
-      base.clock,
-      base.files,
-      base.volumes,
-      Desktop{desk.queue, windows, desk.controls, desk.canvas, desk.menus, presenter, desk.help}};
+  const Platform platform = base.WithDesktop(
+      {desk.queue, windows, desk.controls, desk.canvas, desk.menus, presenter, desk.help});
   MoveToPlatform(&platform);
 
   long nRefused = 0;

@@ -71,17 +71,8 @@ class PlatformWithQueue {
  private:
   static Platform With(const Platform& platform, Queue& queue) {
     const Desktop& d = platform.desktop;
-    return {platform.resources,
-            platform.machine,
-            platform.locale,
-            platform.profile,
-            platform.registry,
-            platform.product,
-            platform.clock,
-            platform.files,
-            platform.volumes,
-            platform.processes,
-            Desktop{queue, d.windows, d.controls, d.canvas, d.menus, d.presenter, d.help}};
+    return platform.WithDesktop(
+        {queue, d.windows, d.controls, d.canvas, d.menus, d.presenter, d.help});
   }
 
   const Platform* m_pBefore;

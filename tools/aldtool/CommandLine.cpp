@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "aldlib/files/SingleUser.h"
 #include "tools/aldtool/BadLines.h"
 #include "tools/aldtool/Commands.h"
 
@@ -97,6 +98,48 @@ void AddWhere(CLI::App& app, int& nStatus) {
   app.add_subcommand("where", "Print where the settings lie.")->callback([&nStatus] {
     nStatus = RunWhere();
   });
+}
+
+void AddLock(CLI::App& app, int& nStatus) {
+  struct Given {
+    std::int32_t nArea = 0;
+    std::string sFolder;
+    bool bShared = false;
+    std::vector<std::string> command;
+  };
+  const auto given = std::make_shared<Given>();
+  CLI::App* const pLock = app.add_subcommand(
+      "lock",
+      "Run a command while an area of a company's folder is locked, alone or beside others.\n"
+      "Ends as the command does, or with 2 and a message if the area is not to be had.");
+  pLock->add_option("AREA", given->nArea, "0 to 8")
+      ->required()
+      ->check(CLI::Range(0, ald::kAreaCount - 1));
+  pLock->add_option("DIR", given->sFolder, "Native, or such as 'C:\\BOOKS'")->required();
+  pLock->add_flag("-s,--shared", given->bShared, "Beside others who share it");
+  pLock->add_option("COMMAND", given->command, "Behind --, with its arguments")->required();
+  pLock->callback([=, &nStatus] {
+    nStatus = RunLock(given->nArea, given->sFolder, given->bShared, given->command);
+  });
+}
+
+void AddTaxInfo(CLI::App& app, int& nStatus) {
+  CLI::App* const pTaxInfo =
+      app.add_subcommand("taxinfo", "Check and show the tax information file of payroll.");
+  pTaxInfo->require_subcommand(1);
+  AddWithText(*pTaxInfo, nStatus, "check",
+              "Say line, section and key of all that payroll would not read as it is meant.\n"
+              "Ends with 0 if nothing is wrong, 1 if something is, 2 if the file is of no use.",
+              "FILE", "Such as examples/payroll/TaxInfo.Dat", &RunTaxInfoCheck);
+  CLI::App* const pShow =
+      pTaxInfo->add_subcommand("show", "Print what payroll reads of the file, or of one state.");
+  const Text sPath = NewText();
+  const Text sState = NewText();
+  pShow->add_option("FILE", *sPath, "A file named TaxInfo.Dat")->required();
+  pShow->add_option("STATE", *sState, "Two letters")->check([](const std::string& sGiven) {
+    return sGiven.size() == 2 ? std::string() : "a state has two letters";
+  });
+  pShow->callback([=, &nStatus] { nStatus = RunTaxInfoShow(*sPath, *sState); });
 }
 
 void AddPrefs(CLI::App& app, int& nStatus) {
@@ -246,9 +289,22 @@ void AddMessages(CLI::App& app, int& nStatus) {
               "FILE", "A line holds a number, a blank and the text", &RunTexts);
 }
 
+void AddOneTime(CLI::App& app, int& nStatus) {
+  CLI::App* const pOneTime =
+      app.add_subcommand("onetime", "Look at the messages that the user has switched off.");
+  pOneTime->require_subcommand(1);
+  pOneTime->add_subcommand("list", "List the messages by their keys, and whether each is shown.")
+      ->callback([&nStatus] { nStatus = RunOneTimeList(); });
+  CLI::App* const pReset =
+      pOneTime->add_subcommand("reset", "Bring one message back, or all of them.");
+  const Text sKey = NewText();
+  pReset->add_option("KEY", *sKey, "Such as CLOSECOMPANYMSG; without it all");
+  pReset->callback([=, &nStatus] { nStatus = RunOneTimeReset(*sKey); });
+}
+
 constexpr void (*kAdd[])(CLI::App&, int&) = {
-    AddChecks, AddAmounts, AddDates, AddName,     AddWhere,
-    AddPrefs,  AddFind,    AddFiles, AddMessages, AddPs,
+    AddChecks, AddAmounts, AddDates,    AddName,    AddWhere, AddPrefs,   AddFind,
+    AddFiles,  AddLock,    AddMessages, AddOneTime, AddPs,    AddTaxInfo,
 };
 
 }  // namespace

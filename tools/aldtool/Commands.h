@@ -46,6 +46,18 @@ int RunFileCat(const std::string& sPath);
 int RunFileLines(const std::string& sPath);
 int RunFileCopy(const std::string& sFrom, const std::string& sTo);
 int RunFileLock(const std::string& sPath, std::int32_t nStart, std::int32_t nLength);
+// Holds a single-user area of a folder while a program runs, and returns the program's status;
+// kUnusable if the area was not to be had.
+int RunLock(std::int32_t nArea, const std::string& sFolder, bool bShared,
+            const std::vector<std::string>& command);
+// Says what in a tax information file payroll would not read as it is meant; kBadLines if anything.
+int RunTaxInfoCheck(const std::string& sPath);
+// Prints what payroll reads of the file: all but the states, or one of them.
+int RunTaxInfoShow(const std::string& sPath, const std::string& sState);
+// The messages that a user can switch off: whether each is shown, and one of them, or all for an
+// empty key, brought back.
+int RunOneTimeList();
+int RunOneTimeReset(const std::string& sKey);
 int RunWhere();
 int RunWords(const std::string& sTyped);
 

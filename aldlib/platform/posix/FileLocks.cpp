@@ -39,6 +39,10 @@
 // makes different for each. The first look keeps an open that is refused for good from leaving
 // marks at all, on which an innocent third could stumble; that one, too, tries again. All tries
 // together take about a millisecond.
+//
+// Who removes a file or its name has it alone meanwhile. Nobody is to be refused for that, however
+// long a busy machine lets the remover lie between two of its calls: it leaves a fifth mark, and
+// who finds that one behind a refusal goes on trying, for about a second.
 namespace ald {
 namespace {
 
@@ -46,8 +50,11 @@ constexpr off_t kReads = kRangeLimit;
 constexpr off_t kWrites = kRangeLimit + 1;
 constexpr off_t kDeniesReading = kRangeLimit + 2;
 constexpr off_t kDeniesWriting = kRangeLimit + 3;
+constexpr off_t kRemoves = kRangeLimit + 4;
+constexpr off_t kMarks = 5;
 
 constexpr int kTries = 5;
+constexpr int kTriesForARemover = 5000;
 constexpr long kFirstPause = 50'000;  // nanoseconds; each further one is twice as long
 
 struct Lock {
@@ -68,7 +75,7 @@ Lock Apply(int nDescriptor, int nCommand, short nType, off_t nStart, off_t nLeng
   return {nResult != 0 ? errno : 0, nResult == 0 && range.l_type != F_UNLCK};
 }
 
-// What a system without such locks answers is that there are none.
+// A kernel or a file system without such locks refuses the command itself.
 std::uint32_t LockError(int nErrno, std::uint32_t nTaken) {
   if (nErrno == EAGAIN || nErrno == EACCES) return nTaken;
   return nErrno == EINVAL ? kInvalidFunction : ClassicError(nErrno);
@@ -84,12 +91,14 @@ void Pause(int nTry) {
 }
 
 struct Marks {
-  off_t aOwn[4];
+  off_t aOwn[5];
   off_t aAgainst[4];
   std::size_t nOwn = 0;
   std::size_t nAgainst = 0;
 
-  Marks(FileAccess eAccess, FileSharing eSharing) {
+  Marks(FileAccess eAccess, FileSharing eSharing, bool bRemoves) {
+    // First, so that whoever finds another mark of a remover finds this one as well.
+    if (bRemoves) aOwn[nOwn++] = kRemoves;
     const auto leave = [this](bool bLeave, off_t nMark, off_t nAgainst_) {
       if (!bLeave) return;
       aOwn[nOwn++] = nMark;
@@ -116,23 +125,31 @@ struct Marks {
     }
     return kNoSystemError;
   }
-  void TakeBack(int nDescriptor) const { Apply(nDescriptor, F_OFD_SETLK, F_UNLCK, kReads, 4); }
+  void TakeBack(int nDescriptor) const { Apply(nDescriptor, F_OFD_SETLK, F_UNLCK, kReads, kMarks); }
 };
 
 }  // namespace
 
-std::uint32_t HoldSharing(int nDescriptor, FileAccess eAccess, FileSharing eSharing) {
-  const Marks marks(eAccess, eSharing);
+std::uint32_t HoldSharing(int nDescriptor, FileAccess eAccess, FileSharing eSharing,
+                          bool bRemoves) {
+  const Marks marks(eAccess, eSharing, bRemoves);
+  int nForARemover = 0;
   std::uint32_t nError = kNoSystemError;
   for (int nTry = 0; nTry < kTries; ++nTry) {
     if (nTry > 0) Pause(nTry - 1);
     nError = marks.Look(nDescriptor);
-    if (nError == kSharingViolation) continue;
-    if (nError == kNoSystemError) nError = marks.Leave(nDescriptor);
-    if (nError == kNoSystemError) nError = marks.Look(nDescriptor);
-    if (nError == kNoSystemError) return kNoSystemError;
-    marks.TakeBack(nDescriptor);
+    if (nError == kNoSystemError) {
+      nError = marks.Leave(nDescriptor);
+      if (nError == kNoSystemError) nError = marks.Look(nDescriptor);
+      if (nError == kNoSystemError) return kNoSystemError;
+      marks.TakeBack(nDescriptor);
+    }
     if (nError != kSharingViolation) break;
+    if (nForARemover < kTriesForARemover &&
+        Apply(nDescriptor, F_OFD_GETLK, F_WRLCK, kRemoves, 1).bFound) {
+      ++nForARemover;
+      nTry = kTries - 2;
+    }
   }
   return nError;
 }

@@ -9,8 +9,9 @@ namespace ald {
 
 // Makes an open known to all others that use the library, if it suits them and they suit it. Good
 // until the open file description is closed. Returns 0, kSharingViolation, or kInvalidFunction
-// where files cannot be locked. The descriptor must be able to read.
-std::uint32_t HoldSharing(int nDescriptor, FileAccess eAccess, FileSharing eSharing);
+// where files cannot be locked. The descriptor must be able to read. bRemoves tells the others that
+// the file or its name is about to go, so that they wait a moment rather than be refused.
+std::uint32_t HoldSharing(int nDescriptor, FileAccess eAccess, FileSharing eSharing, bool bRemoves);
 
 // Locks a range, or frees it. The descriptor must be able to read. Returns 0, kLockViolation, or
 // kInvalidFunction where files cannot be locked.

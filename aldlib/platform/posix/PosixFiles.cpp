@@ -127,7 +127,7 @@ std::uint32_t OpenDescriptor(const CString& sNative, FileAccess eAccess,
 // until the name is gone, so a look at the name after the grant is enough, and the open begins
 // again if it leads elsewhere.
 std::uint32_t OpenNamed(const CString& sNative, FileAccess eAccess, FileSharing eSharing,
-                        FileDisposition eDisposition, Opened& opened) {
+                        FileDisposition eDisposition, Opened& opened, bool bRemoves = false) {
   std::uint32_t nError = kSharingViolation;
   for (int nTry = 0; nTry < kOpenTries; ++nTry) {
     opened = Opened{};
@@ -139,7 +139,7 @@ std::uint32_t OpenNamed(const CString& sNative, FileAccess eAccess, FileSharing 
       ::fcntl(opened.descriptor.get(), F_SETFL, 0);
       return kNoSystemError;
     }
-    nError = HoldSharing(opened.descriptor.get(), eAccess, eSharing);
+    nError = HoldSharing(opened.descriptor.get(), eAccess, eSharing, bRemoves);
     opened.bLocks = nError == kNoSystemError;
     if (nError == kInvalidFunction) nError = kNoSystemError;
     if (nError == kSharingViolation && !IsSameFile(opened.descriptor.get(), sNative)) continue;
@@ -149,6 +149,12 @@ std::uint32_t OpenNamed(const CString& sNative, FileAccess eAccess, FileSharing 
   }
   opened = Opened{};
   return nError;
+}
+
+// Holds a file alone to take its name away.
+std::uint32_t HoldToRemove(const CString& sNative, Opened& opened) {
+  return OpenNamed(sNative, FileAccess::Read, FileSharing::None, FileDisposition::OpenExisting,
+                   opened, true);
 }
 
 }  // namespace
@@ -364,9 +370,7 @@ std::uint32_t PosixFiles::Delete(const char* szPath) {
   Opened opened;
   if (S_ISREG(status.st_mode) ||
       (S_ISLNK(status.st_mode) && ::stat(sNative.c_str(), &status) == 0)) {
-    if (const std::uint32_t nError = OpenNamed(sNative, FileAccess::Read, FileSharing::None,
-                                               FileDisposition::OpenExisting, opened))
-      return nError;
+    if (const std::uint32_t nError = HoldToRemove(sNative, opened)) return nError;
   }
   return ::unlink(sNative.c_str()) == 0 ? std::uint32_t{kNoSystemError} : PathError(sNative, errno);
 }
@@ -379,9 +383,7 @@ std::uint32_t PosixFiles::Rename(const char* szFrom, const char* szTo) {
   if (::lstat(sFrom.c_str(), &status) != 0) return PathError(sFrom, errno);
   Opened opened;
   if (S_ISREG(status.st_mode)) {
-    if (const std::uint32_t nError = OpenNamed(sFrom, FileAccess::Read, FileSharing::None,
-                                               FileDisposition::OpenExisting, opened))
-      return nError;
+    if (const std::uint32_t nError = HoldToRemove(sFrom, opened)) return nError;
   }
   // Both names lead to the one file that is there: only the case of its name is to change.
   if (sFrom == sTo) sTo = CString(SplitPath(sTo).sFolder).append(SplitPath(szTo).sName);
