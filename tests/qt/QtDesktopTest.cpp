@@ -155,10 +155,7 @@ TEST_F(QtDesktopTest, ShowsAndTakesTheWholeCodePage) {
 }
 
 TEST_F(QtDesktopTest, HoldsARequestToCloseUntilItMayBeServed) {
-  const Platform& base = CurrentPlatform();
-  const Platform platform{base.resources, base.machine,   base.locale, base.profile,
-                          base.registry,  base.product,   base.clock,  base.files,
-                          base.volumes,   base.processes, m_ports};
+  const Platform platform = CurrentPlatform().WithDesktop(m_ports);
   InstallPlatform(&platform);
   const WindowHandle hWindow = m_ports.windows.Create(
       {.sClass = "STATIC", .nStyle = kStylePopup | kStyleVisible | kStyleCaption});
