@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "aldlib/platform/headless/internal/HeadlessParts.h"
 
@@ -40,6 +41,7 @@ std::intptr_t HeadlessWindows::BuiltIn(WindowHandle hWindow, std::uint32_t nMess
       return 0;
     case kMessageSetFont:
       pWindow->hFont = static_cast<FontHandle>(nWord);
+      m_parts.Changed(hWindow);
       return 0;
     case kMessageGetFont:
       return static_cast<std::intptr_t>(pWindow->hFont);
@@ -48,6 +50,7 @@ std::intptr_t HeadlessWindows::BuiltIn(WindowHandle hWindow, std::uint32_t nMess
     case kMessageSetDefaultId:
       if (kind != WindowKind::kDialog) return 0;
       pWindow->nDefaultId = static_cast<std::int32_t>(nWord);
+      m_parts.Changed(hWindow);
       return 1;
     case kMessageClose:
       if (kind == WindowKind::kDialog) {
@@ -59,6 +62,15 @@ std::intptr_t HeadlessWindows::BuiltIn(WindowHandle hWindow, std::uint32_t nMess
     case kMessageHelp:
       // A control has its dialog asked for help.
       return pWindow->IsChild() ? Call(pWindow->hParent, nMessage, nWord, nLong) : 0;
+    case kMessageSetIcon:
+      if (kind != WindowKind::kStatic) return 0;
+      m_parts.Changed(hWindow);
+      return static_cast<std::intptr_t>(
+          std::exchange(pWindow->content.hIcon, static_cast<IconHandle>(nWord)));
+    case kMessageKeyDown:
+      // A key of a real keyboard; what it types comes as characters.
+      if (m_parts.pView != nullptr && nLong != 0) m_parts.pView->DoKey(hWindow, nLong);
+      return 0;
     case kMessageChar: {
       const char chTyped = static_cast<char>(nWord);
       if (kind == WindowKind::kEdit) TypeInto(hWindow, chTyped);
@@ -90,6 +102,7 @@ void HeadlessWindows::TypeInto(WindowHandle hEdit, char chTyped) {
   }
   content.nSelectionFirst = content.nSelectionEnd = static_cast<std::int32_t>(nFirst);
   pEdit->bToPaint = true;
+  m_parts.Changed(hEdit);
   Notify(hEdit, kNoticeChange);
 }
 
@@ -126,13 +139,15 @@ void HeadlessWindows::PaintControl(WindowHandle hWindow) {
     const WindowHandle hAsked = pWindow->IsChild() ? pWindow->hParent : hWindow;
     const std::intptr_t nBrush =
         Call(hAsked, nAsk, static_cast<std::uint32_t>(hContext), LongOf(hWindow));
-    if (nBrush != 0) {
+    if (nBrush != 0 && m_parts.pView != nullptr) {
+      m_parts.canvas.TellColors(hContext, hWindow, static_cast<BrushHandle>(nBrush));
+    } else if (nBrush != 0) {
       m_parts.canvas.Fill(hContext, ClientRect(hWindow), static_cast<BrushHandle>(nBrush));
     }
   }
   pWindow = Find(hWindow);
   if (pWindow != nullptr && kind != WindowKind::kDialog && kind != WindowKind::kArea &&
-      !pWindow->sText.empty()) {
+      !pWindow->sText.empty() && m_parts.pView == nullptr) {
     Rect place = ClientRect(hWindow);
     const bool bLine = kind == WindowKind::kEdit || kind == WindowKind::kCombo;
     m_parts.canvas.DrawText(hContext, pWindow->sText, place,

@@ -63,7 +63,7 @@ WindowHandle HeadlessWindows::MakeDialog(WindowHandle hOwner, ModuleHandle hModu
   // The template's size is that of the inside.
   const Rect inside =
       MapDialogRect(hDialog, {dialog.x, dialog.y, dialog.x + dialog.cx, dialog.y + dialog.cy});
-  const Rect frame = FrameOf(*pDialog);
+  const Rect frame = FrameOf(pDialog->nStyle);
   const Point origin = pDialog->IsChild() ? Point{0, 0} : ToScreen(pDialog->hParent, {0, 0});
   const Point at{origin.x + inside.left, origin.y + inside.top};
   pDialog->place = {at.x, at.y, at.x + inside.Width() + frame.left + frame.right,

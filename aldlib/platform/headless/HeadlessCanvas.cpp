@@ -67,6 +67,7 @@ ContextHandle HeadlessCanvas::BeginPaint(WindowHandle hWindow) {
   if (pWindow == nullptr) return {};
   pWindow->bToPaint = false;
   pWindow->invalid.reset();
+  if (m_parts.pView != nullptr) m_parts.pView->BeginPaint(hWindow);
   return Context(hWindow);
 }
 
@@ -106,8 +107,19 @@ FontHandle HeadlessCanvas::SelectFont(ContextHandle hContext, FontHandle hFont) 
 }
 
 TextMetrics HeadlessCanvas::MetricsOf(FontHandle hFont) {
+  const tagLOGFONTA& font = FontOf(hFont);
+  return m_parts.pView != nullptr ? m_parts.pView->MetricsOf(font) : MetricsOfFont(font);
+}
+
+const tagLOGFONTA& HeadlessCanvas::FontOf(FontHandle hFont) {
   const tagLOGFONTA* const pFont = m_fonts.Find(hFont);
-  return MetricsOfFont(pFont != nullptr ? *pFont : *m_fonts.Find(m_hSystemFont));
+  return pFont != nullptr ? *pFont : *m_fonts.Find(m_hSystemFont);
+}
+
+std::int32_t HeadlessCanvas::WidthOf(FontHandle hFont, std::string_view sText) {
+  const tagLOGFONTA& font = FontOf(hFont);
+  if (m_parts.pView != nullptr) return m_parts.pView->WidthOf(font, sText);
+  return static_cast<std::int32_t>(sText.size()) * MetricsOfFont(font).nAverageWidth;
 }
 
 TextMetrics HeadlessCanvas::Metrics(ContextHandle hContext) {
@@ -116,8 +128,10 @@ TextMetrics HeadlessCanvas::Metrics(ContextHandle hContext) {
 }
 
 Size HeadlessCanvas::TextExtent(ContextHandle hContext, std::string_view sText) {
-  const TextMetrics metrics = Metrics(hContext);
-  return {static_cast<std::int32_t>(sText.size()) * metrics.nAverageWidth, metrics.nHeight};
+  const DeviceContext* const pContext = m_contexts.Find(hContext);
+  if (pContext == nullptr) return {};
+  const FontHandle hFont = pContext->tools.hFont;
+  return {WidthOf(hFont, sText), MetricsOf(hFont).nHeight};
 }
 
 int HeadlessCanvas::DrawText(ContextHandle hContext, std::string_view sText, Rect& place,
@@ -125,11 +139,10 @@ int HeadlessCanvas::DrawText(ContextHandle hContext, std::string_view sText, Rec
   const DeviceContext* const pContext = m_contexts.Find(hContext);
   if (pContext == nullptr) return 0;
   const TextMetrics metrics = Metrics(hContext);
-  const auto widthOf = [&](const CString& sLine) {
-    return static_cast<std::int32_t>(sLine.size()) * metrics.nAverageWidth;
+  const auto widthOf = [this, hFont = pContext->tools.hFont](std::string_view sLine) {
+    return WidthOf(hFont, sLine);
   };
-  const auto nRoom = static_cast<std::size_t>(std::max(0, place.Width()) / metrics.nAverageWidth);
-  const std::vector<CString> lines = LinesOf(sText, nTextBits, nRoom);
+  const std::vector<CString> lines = LinesOf(sText, nTextBits, std::max(0, place.Width()), widthOf);
   const std::int32_t nHeight = static_cast<std::int32_t>(lines.size()) * metrics.nHeight;
   if ((nTextBits & kTextCalculate) != 0) {
     std::int32_t nWidest = 0;
@@ -182,6 +195,7 @@ DrawnItem HeadlessCanvas::NewItem(DrawnItem::Kind kind, const DeviceContext& con
 }
 
 void HeadlessCanvas::Note(DrawnItem item) {
+  if (m_parts.pView != nullptr) m_parts.pView->Draw(item, FontOf(item.hFont));
   if (m_parts.bRecord) m_drawn.push_back(std::move(item));
 }
 
@@ -263,6 +277,13 @@ bool HeadlessCanvas::DeleteBrush(BrushHandle hBrush) {
 std::optional<Color> HeadlessCanvas::BrushColor(BrushHandle hBrush) {
   const Color* const pColor = m_brushes.Find(hBrush);
   return pColor != nullptr ? std::optional(*pColor) : std::nullopt;
+}
+
+void HeadlessCanvas::TellColors(ContextHandle hContext, WindowHandle hWindow, BrushHandle hBrush) {
+  const DeviceContext* const pContext = m_contexts.Find(hContext);
+  const std::optional<Color> brush = BrushColor(hBrush);
+  if (pContext == nullptr || !brush || m_parts.pView == nullptr) return;
+  m_parts.pView->SetColors(hWindow, {pContext->tools.nText, pContext->tools.nBackground, *brush});
 }
 
 bool HeadlessCanvas::Fill(ContextHandle hContext, const Rect& place, BrushHandle hBrush) {

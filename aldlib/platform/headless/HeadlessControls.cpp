@@ -95,6 +95,7 @@ int HeadlessControls::AddItem(WindowHandle hList, const CString& sText) {
   const int nPlace = static_cast<int>(itPlace - items.begin());
   items.insert(itPlace, {sText, 0});
   if (pList->content.nSelection >= nPlace) ++pList->content.nSelection;
+  m_parts.Changed(hList);
   return nPlace;
 }
 
@@ -104,6 +105,7 @@ bool HeadlessControls::RemoveAllItems(WindowHandle hList) {
   pList->content.items.clear();
   pList->content.nSelection = -1;
   if (pList->pClass->kind == WindowKind::kCombo) pList->sText.clear();
+  m_parts.Changed(hList);
   return true;
 }
 
@@ -121,6 +123,7 @@ bool HeadlessControls::Select(WindowHandle hList, int nItem) {
     pList->sText = nItem == -1 ? CString() : ItemOf(pList->content, nItem).sText;
   }
   pList->bToPaint = true;
+  m_parts.Changed(hList);
   return true;
 }
 
@@ -140,6 +143,7 @@ bool HeadlessControls::SetLimit(WindowHandle hEdit, std::uint32_t nCharacters) {
   HeadlessWindow* const pEdit = FindEdit(hEdit);
   if (pEdit == nullptr) return false;
   pEdit->content.nLimit = nCharacters;
+  m_parts.Changed(hEdit);
   return true;
 }
 
@@ -149,6 +153,7 @@ bool HeadlessControls::SelectText(WindowHandle hEdit, std::int32_t nFirst, std::
   if (pEdit == nullptr) return false;
   const auto nLength = static_cast<std::int32_t>(pEdit->sText.size());
   ControlContent& content = pEdit->content;
+  m_parts.Changed(hEdit);
   if (nFirst < 0) {
     content.nSelectionFirst = content.nSelectionEnd;
     return true;
@@ -177,6 +182,7 @@ bool HeadlessControls::SetCheck(WindowHandle hButton, int nCheck) {
   if (pButton == nullptr || nCheck < 0 || nCheck > 2) return false;
   pButton->content.nCheck = nCheck;
   pButton->bToPaint = true;
+  m_parts.Changed(hButton);
   return true;
 }
 
@@ -185,6 +191,7 @@ bool HeadlessControls::SetButtonStyle(WindowHandle hButton, std::uint32_t nStyle
   if (pButton == nullptr) return false;
   constexpr std::uint32_t kLowBits = 0xFFFF;
   pButton->nStyle = (pButton->nStyle & ~kLowBits) | (nStyle & kLowBits);
+  m_parts.Changed(hButton);
   if (bRedraw) m_parts.windows.Invalidate(hButton, nullptr, true);
   return true;
 }

@@ -68,11 +68,7 @@ bool HeadlessDesktop::Choose(WindowHandle hList, int nItem) {
 bool HeadlessDesktop::Key(std::uint32_t nKey, HeldWith with) {
   const WindowHandle hFocus = m_pParts->windows.Focus();
   if (hFocus == WindowHandle{}) return false;
-  HeldKeys held;
-  held[kKeyControl] = with.bControl;
-  held[kKeyShift] = with.bShift;
-  held[kKeyAlt] = with.bAlt;
-  m_pParts->queue.PostKey(hFocus, nKey, held);
+  m_pParts->queue.PostKey(hFocus, nKey, KeysOf(with));
   return true;
 }
 
@@ -81,15 +77,7 @@ void HeadlessDesktop::Hold(int nKey, bool bDown) {
 }
 
 bool HeadlessDesktop::ChooseMenu(std::uint32_t nCommand) {
-  const WindowHandle hMain = m_pParts->windows.MainWindow();
-  const std::uint32_t nState =
-      m_pParts->menus.State(m_pParts->menus.Of(hMain), nCommand, kMenuByCommand);
-  if (nState == kMenuNoItem || (nState & (kMenuGrayed | kMenuDisabled)) != 0 ||
-      !m_pParts->windows.TakesInput(hMain)) {
-    return false;
-  }
-  m_pParts->windows.Call(hMain, kMessageCommand, nCommand, 0);
-  return true;
+  return m_pParts->windows.ChooseMenu(m_pParts->windows.MainWindow(), nCommand);
 }
 
 void HeadlessDesktop::LeaveApplication() {

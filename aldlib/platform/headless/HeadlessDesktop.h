@@ -198,6 +198,8 @@ class ALDLIB_EXPORT HeadlessDesktop {
   void RecordOutput(bool bRecord);
 
  private:
+  friend class DesktopInput;
+
   std::unique_ptr<HeadlessParts> m_pParts;
 };
 

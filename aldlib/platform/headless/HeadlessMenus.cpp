@@ -23,7 +23,12 @@ bool HeadlessMenus::SetOf(WindowHandle hWindow, MenuHandle hMenu) {
   if (pWindow == nullptr || pWindow->IsChild()) return false;
   if (hMenu != MenuHandle{} && m_menus.Find(hMenu) == nullptr) return false;
   pWindow->hMenu = hMenu;
+  Changed();
   return true;
+}
+
+void HeadlessMenus::Changed() {
+  if (m_parts.pView != nullptr) m_parts.pView->MenusChanged();
 }
 
 void HeadlessMenus::Redraw(WindowHandle hWindow) {
@@ -35,6 +40,7 @@ bool HeadlessMenus::DestroyMenu(MenuHandle hMenu) {
   if (pMenu == nullptr) return false;
   const std::vector<Item> items = std::move(pMenu->items);
   m_menus.Remove(hMenu);
+  Changed();
   for (const Item& item : items) DestroyMenu(item.hSubmenu);
   return true;
 }
@@ -133,6 +139,7 @@ bool HeadlessMenus::Insert(MenuHandle hMenu, std::uint32_t nItem, std::uint32_t 
   }
   pMenu->items.insert(pMenu->items.begin() + static_cast<std::ptrdiff_t>(nPosition),
                       std::move(item));
+  Changed();
   return true;
 }
 
@@ -143,6 +150,7 @@ bool HeadlessMenus::Modify(MenuHandle hMenu, std::uint32_t nItem, std::uint32_t 
   if (!found || !MakeItem(hMenu, nFlags, nIdOrSubmenu, sText, item)) return false;
   const MenuHandle hBefore = std::exchange(found.Get(), item).hSubmenu;
   if (hBefore != item.hSubmenu) DestroyMenu(hBefore);
+  Changed();
   return true;
 }
 
@@ -151,6 +159,7 @@ bool HeadlessMenus::Remove(MenuHandle hMenu, std::uint32_t nItem, std::uint32_t 
   if (!found) return false;
   found.pMenu->items.erase(found.pMenu->items.begin() +
                            static_cast<std::ptrdiff_t>(found.nPosition));
+  Changed();
   return true;
 }
 
@@ -163,6 +172,17 @@ bool HeadlessMenus::Delete(MenuHandle hMenu, std::uint32_t nItem, std::uint32_t 
   return true;
 }
 
+bool HeadlessWindows::ChooseMenu(WindowHandle hWindow, std::uint32_t nCommand) {
+  const std::uint32_t nState =
+      m_parts.menus.State(m_parts.menus.Of(hWindow), nCommand, kMenuByCommand);
+  if (nState == kMenuNoItem || (nState & (kMenuGrayed | kMenuDisabled)) != 0 ||
+      !TakesInput(hWindow)) {
+    return false;
+  }
+  Call(hWindow, kMessageCommand, nCommand, 0);
+  return true;
+}
+
 std::uint32_t HeadlessMenus::Enable(MenuHandle hMenu, std::uint32_t nItem, std::uint32_t nFlags) {
   constexpr std::uint32_t kStates = kMenuGrayed | kMenuDisabled;
   const Found found = Find(hMenu, nItem, nFlags);
@@ -170,6 +190,7 @@ std::uint32_t HeadlessMenus::Enable(MenuHandle hMenu, std::uint32_t nItem, std::
   std::uint32_t& nState = found.Get().nState;
   const std::uint32_t nBefore = nState & kStates;
   nState = (nState & ~kStates) | (nFlags & kStates);
+  Changed();
   return nBefore;
 }
 

@@ -120,10 +120,12 @@ void HeadlessPresenter::Serve(std::size_t nRun) {
   while (!m_running[nRun].bEnded && m_parts.windows.IsWindow(hDialog)) {
     WindowMessage message{};
     bool bTaken = m_parts.queue.Peek(message, false);
-    const bool bTimer = bTaken && message.nMessage == kMessageTimer;
+    // On a screen the user has had his say already: the queue asks the view first.
+    const bool bTimer = bTaken && message.nMessage == kMessageTimer && m_parts.pView == nullptr;
     if (!bTaken || (bTimer && bRang)) {
       bRang = false;
       if (nPatience-- > 0 && AskUser(hDialog)) continue;
+      if (m_parts.pView != nullptr && m_parts.queue.WaitForUser()) continue;
       // A box needs an answer; a dialog may be waiting for a timer of its own.
       bTaken = !m_running[nRun].bBox && nPatience > 0 && m_parts.queue.WaitForTimer(message);
     } else {

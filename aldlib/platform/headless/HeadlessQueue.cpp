@@ -20,6 +20,8 @@ std::int32_t TicksUntil(std::uint32_t nMoment, std::uint32_t nNow) {
 bool HeadlessQueue::Peek(WindowMessage& message, bool bRemove) {
   message = {};
   if (!IsApplicationThread()) return false;  // another thread's queue is empty
+  if (m_waiting.empty() && m_parts.pView != nullptr) m_parts.pView->Serve();
+  AimAtFocus();
   if (!m_waiting.empty()) {
     message = m_waiting.front().message;
     if (bRemove) {
@@ -46,7 +48,24 @@ bool HeadlessQueue::Peek(WindowMessage& message, bool bRemove) {
   return true;
 }
 
+// A key of the screen's user goes to the window that has the focus now, or else to the one in
+// front.
+void HeadlessQueue::AimAtFocus() {
+  while (!m_waiting.empty() && m_waiting.front().bForFocus) {
+    WindowHandle& hTarget = m_waiting.front().message.hWindow;
+    hTarget = m_parts.windows.Focus();
+    if (hTarget == WindowHandle{}) hTarget = m_parts.windows.Active();
+    if (hTarget != WindowHandle{}) return;
+    m_waiting.pop_front();
+  }
+}
+
 bool HeadlessQueue::Get(WindowMessage& message) {
+  const bool bUser = m_parts.pView != nullptr && IsApplicationThread();
+  while (bUser) {
+    if (Peek(message, true)) return message.nMessage != kMessageQuit;
+    if (!WaitForUser()) break;
+  }
   if (Peek(message, true) || (IsApplicationThread() && WaitForTimer(message))) {
     return message.nMessage != kMessageQuit;
   }
@@ -62,6 +81,13 @@ bool HeadlessQueue::WaitForTimer(WindowMessage& message) {
   // Rung without a second look at the clock, so that one which stands still holds nobody up.
   message = Ring(*pTimer);
   return true;
+}
+
+bool HeadlessQueue::WaitForUser() {
+  const Timer* const pTimer = NextTimer();
+  if (pTimer == nullptr) return m_parts.pView->Wait(DesktopView::kForever);
+  const std::int32_t nWait = TicksUntil(pTimer->nDue, m_parts.clock.Ticks());
+  return m_parts.pView->Wait(static_cast<std::uint32_t>(std::max(nWait, 0)));
 }
 
 HeadlessQueue::Timer* HeadlessQueue::NextTimer() {
@@ -93,6 +119,10 @@ void HeadlessQueue::PostQuit(int nExitCode) {
 
 void HeadlessQueue::PostKey(WindowHandle hWindow, std::uint32_t nKey, const HeldKeys& held) {
   m_waiting.push_back({{hWindow, kMessageKeyDown, nKey, 0}, m_held | held});
+}
+
+void HeadlessQueue::PostViewKey(std::uint32_t nKey, const HeldKeys& held, std::intptr_t nKeyPress) {
+  m_waiting.push_back({{{}, kMessageKeyDown, nKey, nKeyPress}, m_held | held, true});
 }
 
 std::intptr_t HeadlessQueue::Send(WindowHandle hWindow, std::uint32_t nMessage, std::uint32_t nWord,
@@ -159,6 +189,16 @@ bool HeadlessQueue::IsDialogMessage(WindowHandle hDialog, const WindowMessage& m
 
 void HeadlessQueue::Translate(const WindowMessage& message) {
   if (message.nMessage != kMessageKeyDown || IsKeyDown(kKeyAlt)) return;
+  if (!m_parts.windows.IsWindow(message.hWindow)) return;
+  if (m_parts.pView != nullptr && message.nLong != 0) {
+    const CString sTyped = m_parts.pView->TypedBy(message.nLong);
+    for (auto it = sTyped.rbegin(); it != sTyped.rend(); ++it) {
+      const WindowMessage character{message.hWindow, kMessageChar, static_cast<unsigned char>(*it),
+                                    0};
+      m_waiting.push_front({character, m_heldAtLast});
+    }
+    return;
+  }
   const std::uint32_t nKey = message.nWord;
   std::uint32_t nCharacter = 0;
   if (nKey >= 'A' && nKey <= 'Z') {
@@ -169,11 +209,11 @@ void HeadlessQueue::Translate(const WindowMessage& message) {
   } else {
     return;
   }
-  if (!m_parts.windows.IsWindow(message.hWindow)) return;
   m_waiting.push_front({{message.hWindow, kMessageChar, nCharacter, 0}, m_heldAtLast});
 }
 
 void HeadlessQueue::Dispatch(const WindowMessage& message) {
+  if (IsUserAct(message.nMessage)) return m_parts.windows.UserDid(message);
   m_parts.windows.Call(message.hWindow, message.nMessage, message.nWord, message.nLong);
 }
 

@@ -25,11 +25,15 @@ CString Shown(std::string_view sLine, std::uint32_t nTextBits) {
 }
 
 // Breaks a line at blanks; those at a break are not shown.
-void AddBroken(CString sLine, std::size_t nRoom, std::vector<CString>& lines) {
-  while (sLine.size() > nRoom) {
-    std::size_t nBlank = sLine.rfind(' ', nRoom);
-    if (nBlank == CString::npos || nBlank == 0) nBlank = sLine.find(' ', nRoom);
-    if (nBlank == CString::npos || nBlank == 0) break;
+void AddBroken(CString sLine, std::int32_t nRoom, const TextMeasure& widthOf,
+               std::vector<CString>& lines) {
+  while (widthOf(sLine) > nRoom) {
+    std::size_t nBlank = sLine.find(' ', 1);
+    if (nBlank == CString::npos) break;
+    for (std::size_t nNext = nBlank; nNext != CString::npos; nNext = sLine.find(' ', nNext + 1)) {
+      if (widthOf(std::string_view(sLine).substr(0, nNext)) > nRoom) break;
+      nBlank = nNext;
+    }
     lines.push_back(sLine.substr(0, nBlank));
     sLine.erase(0, nBlank + 1);
   }
@@ -38,7 +42,8 @@ void AddBroken(CString sLine, std::size_t nRoom, std::vector<CString>& lines) {
 
 }  // namespace
 
-std::vector<CString> LinesOf(std::string_view sText, std::uint32_t nTextBits, std::size_t nRoom) {
+std::vector<CString> LinesOf(std::string_view sText, std::uint32_t nTextBits, std::int32_t nRoom,
+                             const TextMeasure& widthOf) {
   std::vector<CString> lines;
   if ((nTextBits & kTextSingleLine) != 0) {
     lines.push_back(Shown(sText, nTextBits));
@@ -48,7 +53,7 @@ std::vector<CString> LinesOf(std::string_view sText, std::uint32_t nTextBits, st
     const std::size_t nEnd = sText.find_first_of("\r\n");
     CString sLine = Shown(sText.substr(0, nEnd), nTextBits);
     if ((nTextBits & kTextWordBreak) != 0) {
-      AddBroken(std::move(sLine), nRoom, lines);
+      AddBroken(std::move(sLine), nRoom, widthOf, lines);
     } else {
       lines.push_back(std::move(sLine));
     }

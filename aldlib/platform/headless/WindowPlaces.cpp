@@ -21,9 +21,8 @@ Rect Union(const Rect& one, const Rect& other) {
 
 }  // namespace
 
-// The widths of the frame on each side: a window with a caption has one.
-Rect HeadlessWindows::FrameOf(const HeadlessWindow& window) const {
-  if ((window.nStyle & kStyleCaption) != kStyleCaption) return {};
+Rect HeadlessWindows::FrameOf(std::uint32_t nStyle) {
+  if ((nStyle & kStyleCaption) != kStyleCaption) return {};
   return {kHeadlessBorder, kHeadlessBorder + kHeadlessCaption, kHeadlessBorder, kHeadlessBorder};
 }
 
@@ -38,7 +37,7 @@ Rect HeadlessWindows::WindowRect(WindowHandle hWindow) {
 Rect HeadlessWindows::ClientRect(WindowHandle hWindow) {
   const HeadlessWindow* const pWindow = Find(hWindow);
   if (pWindow == nullptr) return {};
-  const Rect frame = FrameOf(*pWindow);
+  const Rect frame = FrameOf(pWindow->nStyle);
   return {0, 0, std::max(0, pWindow->place.Width() - frame.left - frame.right),
           std::max(0, pWindow->place.Height() - frame.top - frame.bottom)};
 }
@@ -46,7 +45,7 @@ Rect HeadlessWindows::ClientRect(WindowHandle hWindow) {
 Point HeadlessWindows::ToScreen(WindowHandle hWindow, Point client) {
   for (const HeadlessWindow* pWindow = Find(hWindow); pWindow != nullptr;
        pWindow = pWindow->IsChild() ? Find(pWindow->hParent) : nullptr) {
-    const Rect frame = FrameOf(*pWindow);
+    const Rect frame = FrameOf(pWindow->nStyle);
     client.x += pWindow->place.left + frame.left;
     client.y += pWindow->place.top + frame.top;
   }
@@ -71,6 +70,7 @@ bool HeadlessWindows::Place(WindowHandle hWindow, WindowOrder order, std::int32_
     place.bottom = place.top + std::max(0, cy);
   }
   pWindow->place = place;
+  m_parts.Changed(hWindow);
   if ((nPlaceBits & kPlaceShow) != 0) pWindow->nStyle |= kStyleVisible;
   if ((nPlaceBits & kPlaceHide) != 0) pWindow->nStyle &= ~kStyleVisible;
 
@@ -112,6 +112,7 @@ void HeadlessWindows::BringToFront(WindowHandle hWindow, bool bTopmost) {
                : std::find_if(pSiblings->begin(), pSiblings->end(),
                               [this](WindowHandle hOther) { return !Find(hOther)->bTopmost; });
   pSiblings->insert(itPlace, hWindow);
+  m_parts.Changed(pWindow->IsChild() ? pWindow->hParent : hWindow);
   if (pWindow->IsChild()) return;
   // From the back, so that the owned windows keep their order among themselves.
   const std::vector<WindowHandle> order = m_order;
@@ -166,9 +167,9 @@ bool HeadlessWindows::FindToPaint(WindowHandle hWindow, WindowHandle& hFound) {
 int HeadlessWindows::Metric(int nMetric) {
   switch (nMetric) {
     case kMetricScreenWidth:
-      return kHeadlessScreen.cx;
+      return m_parts.Screen().cx;
     case kMetricScreenHeight:
-      return kHeadlessScreen.cy;
+      return m_parts.Screen().cy;
     case kMetricIconWidth:
       return kHeadlessIcon.cx;
     case kMetricIconHeight:
@@ -179,7 +180,8 @@ int HeadlessWindows::Metric(int nMetric) {
 }
 
 Size HeadlessWindows::DialogBaseUnits() {
-  return kHeadlessCharacter;
+  const TextMetrics metrics = m_parts.canvas.MetricsOf({});
+  return {metrics.nAverageWidth, metrics.nHeight};
 }
 
 }  // namespace ald

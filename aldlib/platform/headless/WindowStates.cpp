@@ -51,6 +51,7 @@ bool HeadlessWindows::Enable(WindowHandle hWindow, bool bEnable) {
     if (m_hFocus == hWindow) m_hFocus = {};
   }
   if (bWasDisabled == bEnable) pWindow->bToPaint = true;
+  m_parts.Changed(hWindow);
   return bWasDisabled;
 }
 
@@ -140,6 +141,7 @@ bool HeadlessWindows::Flash(WindowHandle hWindow, bool bInvert) {
   const bool bWasLit = pWindow->bFlashed != bActive;
   pWindow->bFlashed = bInvert && !pWindow->bFlashed;
   if (bInvert && m_parts.bRecord) m_flashed.push_back(hWindow);
+  if (bInvert && m_parts.pView != nullptr) m_parts.pView->Flash(hWindow);
   return bWasLit;
 }
 

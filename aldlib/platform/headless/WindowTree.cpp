@@ -25,6 +25,7 @@ WindowHandle HeadlessWindows::Create(const WindowSpec& spec) {
   window.nUsed = ++m_nUse;
   const WindowHandle hWindow = m_windows.Add(std::move(window));
   if (hWindow == WindowHandle{}) return {};
+  m_parts.Changed(hWindow);
   if (bChild) {
     Find(spec.hParent)->children.push_back(hWindow);
   } else {
@@ -69,6 +70,7 @@ void HeadlessWindows::Forget(WindowHandle hWindow) {
   if (m_hActive == hWindow) m_hActive = {};
   if (m_hMain == hWindow) m_hMain = {};
   m_windows.Remove(hWindow);
+  if (m_parts.pView != nullptr) m_parts.pView->Gone(hWindow);
 }
 
 // Null for a window of another program.
@@ -93,6 +95,7 @@ bool HeadlessWindows::SetText(WindowHandle hWindow, const CString& sText) {
   pWindow->sText = sText;
   pWindow->content.nSelectionFirst = pWindow->content.nSelectionEnd = 0;
   pWindow->bToPaint = true;
+  m_parts.Changed(hWindow);
   return true;
 }
 
@@ -106,6 +109,7 @@ bool HeadlessWindows::SetStyle(WindowHandle hWindow, std::uint32_t nStyle) {
   if (pWindow == nullptr) return false;
   // Whether a window lives inside another one is settled when it is made.
   pWindow->nStyle = (nStyle & ~kStyleChild) | (pWindow->nStyle & kStyleChild);
+  m_parts.Changed(hWindow);
   return true;
 }
 
@@ -123,6 +127,7 @@ bool HeadlessWindows::SetFont(WindowHandle hWindow, FontHandle hFont, bool bRedr
   HeadlessWindow* const pWindow = Find(hWindow);
   if (pWindow == nullptr) return false;
   pWindow->hFont = hFont;
+  m_parts.Changed(hWindow);
   Call(hWindow, kMessageSetFont, static_cast<std::uint32_t>(hFont), bRedraw ? 1 : 0);
   if (bRedraw) Invalidate(hWindow, nullptr, true);
   return true;

@@ -49,6 +49,10 @@ class HeadlessCanvas : public Canvas {
 
   // Those of the system's font for a handle that names none.
   TextMetrics MetricsOf(FontHandle hFont);
+  const tagLOGFONTA& FontOf(FontHandle hFont);
+
+  // Has the view show a window in the colours that the context was given, on that brush.
+  void TellColors(ContextHandle hContext, WindowHandle hWindow, BrushHandle hBrush);
 
   std::size_t Contexts() const { return m_contexts.Count(); }
   std::size_t Fonts() const { return m_fonts.Count() - 1; }  // but for the system's
@@ -75,6 +79,7 @@ class HeadlessCanvas : public Canvas {
 
   DrawnItem NewItem(DrawnItem::Kind kind, const DeviceContext& context, const Rect& place) const;
 
+  std::int32_t WidthOf(FontHandle hFont, std::string_view sText);
   void Note(DrawnItem item);
 
   HeadlessParts& m_parts;

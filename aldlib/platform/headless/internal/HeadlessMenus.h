@@ -59,6 +59,7 @@ class HeadlessMenus : public MenuBar {
     explicit operator bool() const { return pMenu != nullptr; }
   };
 
+  void Changed();
   Found Find(MenuHandle hMenu, std::uint32_t nItem, std::uint32_t nBy);
   bool MakeItem(MenuHandle hMenu, std::uint32_t nFlags, std::uint32_t nIdOrSubmenu,
                 const CString& sText, Item& item);

@@ -6,6 +6,7 @@
 #include "aldlib/platform/Clock.h"
 #include "aldlib/platform/Help.h"
 #include "aldlib/platform/headless/HeadlessDesktop.h"
+#include "aldlib/platform/headless/internal/DesktopView.h"
 #include "aldlib/platform/headless/internal/HeadlessCanvas.h"
 #include "aldlib/platform/headless/internal/HeadlessControls.h"
 #include "aldlib/platform/headless/internal/HeadlessMenus.h"
@@ -37,6 +38,7 @@ struct HeadlessParts {
   explicit HeadlessParts(Clock& clockIn) : clock(clockIn) {}
 
   Clock& clock;
+  DesktopView* pView = nullptr;
   bool bRecord = true;  // whether the lists of what came out grow
   HeadlessCanvas canvas{*this};
   HeadlessMenus menus{*this};
@@ -45,6 +47,11 @@ struct HeadlessParts {
   HeadlessControls controls{*this};
   HeadlessPresenter presenter{*this};
   HeadlessHelp help{bRecord};
+
+  Size Screen() { return pView != nullptr ? pView->Screen() : kHeadlessScreen; }
+  void Changed(WindowHandle hWindow) {
+    if (pView != nullptr) pView->Changed(hWindow);
+  }
 };
 
 }  // namespace ald

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "aldlib/platform/Queue.h"
+#include "aldlib/platform/headless/HeadlessDesktop.h"
 #include "aldlib/platform/headless/internal/HandleTable.h"
 
 namespace ald {
@@ -16,6 +17,14 @@ struct HeadlessParts;
 
 // The keys that are held at a moment, by virtual key number.
 using HeldKeys = std::bitset<256>;
+
+inline HeldKeys KeysOf(const HeadlessDesktop::HeldWith& with) {
+  HeldKeys held;
+  held[kKeyControl] = with.bControl;
+  held[kKeyShift] = with.bShift;
+  held[kKeyAlt] = with.bAlt;
+  return held;
+}
 
 class HeadlessQueue : public Queue {
  public:
@@ -48,9 +57,14 @@ class HeadlessQueue : public Queue {
   // Drops what waits for a window that goes.
   void Forget(WindowHandle hWindow);
   void PostKey(WindowHandle hWindow, std::uint32_t nKey, const HeldKeys& held);
+  // A key press on the screen, for the window that has the focus when it is taken.
+  void PostViewKey(std::uint32_t nKey, const HeldKeys& held, std::intptr_t nKeyPress);
   void Hold(int nKey, bool bDown);
   // Sleeps until the next timer is due and takes its message. False if there is no timer.
   bool WaitForTimer(WindowMessage& message);
+  // With a view: waits for the user, and for the next timer if there is one. False if nothing can
+  // come any more.
+  bool WaitForUser();
   std::size_t Timers() const { return m_timers.size(); }
   std::size_t AcceleratorTables() const { return m_accelerators.Count(); }
   int MapLocks() const { return m_nMapLocks; }
@@ -61,6 +75,7 @@ class HeadlessQueue : public Queue {
   struct Waiting {
     WindowMessage message;
     HeldKeys held;
+    bool bForFocus = false;  // its window is found when it is taken
   };
   struct Timer {
     WindowHandle hWindow;
@@ -69,6 +84,7 @@ class HeadlessQueue : public Queue {
     std::uint32_t nDue;  // ticks
   };
 
+  void AimAtFocus();
   Timer* NextTimer();
   WindowMessage Ring(Timer& timer);
 

@@ -10,6 +10,18 @@
 
 namespace ald {
 
+// What the user did on the screen of a view, as it waits in the queue. Only the queue knows these.
+constexpr std::uint32_t kUserClick = 0xBFF0;
+constexpr std::uint32_t kUserChoose = 0xBFF1;  // long: the item
+constexpr std::uint32_t kUserEdit = 0xBFF2;
+constexpr std::uint32_t kUserFocus = 0xBFF3;
+constexpr std::uint32_t kUserActivate = 0xBFF4;
+constexpr std::uint32_t kUserLeave = 0xBFF5;
+constexpr std::uint32_t kUserCommand = 0xBFF6;  // word: the command of the window's menu
+constexpr bool IsUserAct(std::uint32_t nMessage) {
+  return nMessage >= kUserClick && nMessage <= kUserCommand;
+}
+
 // What a class can do by itself; a registered class has the kind of the one at its root.
 enum class WindowKind : std::uint8_t { kArea, kDialog, kButton, kEdit, kStatic, kList, kCombo };
 
@@ -34,6 +46,7 @@ struct ControlContent {
   std::int32_t nSelectionFirst = 0;  // selected text, from first up to end
   std::int32_t nSelectionEnd = 0;
   int nCheck = 0;
+  IconHandle hIcon{};  // of a static control
 };
 
 struct HeadlessWindow {

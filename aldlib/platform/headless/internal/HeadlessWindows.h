@@ -115,6 +115,12 @@ class HeadlessWindows : public Windows {
   bool IsDialogMessage(WindowHandle hDialog, const WindowMessage& message);
   // A click on a button: changes its state and tells its parent. False if it takes none.
   bool Click(WindowHandle hButton);
+  // Does what the user of a view did: one of the kUser messages.
+  void UserDid(const WindowMessage& act);
+  // Sends a command of the window's menu. False if the menu has none, or it cannot be given now.
+  bool ChooseMenu(WindowHandle hWindow, std::uint32_t nCommand);
+  // The widths of the frame on each side: a window with a caption has one.
+  static Rect FrameOf(std::uint32_t nStyle);
   // The id of the dialog's default button: 1 if nothing else was said.
   std::int32_t DefaultId(WindowHandle hDialog);
 
@@ -136,7 +142,6 @@ class HeadlessWindows : public Windows {
   void Forget(WindowHandle hWindow);
   void ActivateNext(WindowHandle hPreferred);
   void BringToFront(WindowHandle hWindow, bool bTopmost);
-  Rect FrameOf(const HeadlessWindow& window) const;
   void NoteInvalid(WindowHandle hWindow, const Rect& part, bool bErase);
   bool FindToPaint(WindowHandle hWindow, WindowHandle& hFound);
   std::vector<WindowHandle>* SiblingsOf(const HeadlessWindow& window);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -7,9 +9,12 @@
 
 namespace ald {
 
-// The lines that a text makes, as they are shown, in a font whose characters are all as wide as one
-// another. `nRoom` counts the characters of a line for the bits that break at words; a word longer
-// than it stands alone. A break at the end of the text begins no further line.
-std::vector<CString> LinesOf(std::string_view sText, std::uint32_t nTextBits, std::size_t nRoom);
+using TextMeasure = std::function<std::int32_t(std::string_view)>;
+
+// The lines that a text makes, as they are shown. `nRoom` is the width of a line, in the terms of
+// the measure, for the bits that break at words; a word wider than it stands alone. A break at the
+// end of the text begins no further line.
+std::vector<CString> LinesOf(std::string_view sText, std::uint32_t nTextBits, std::int32_t nRoom,
+                             const TextMeasure& widthOf);
 
 }  // namespace ald
