@@ -96,7 +96,7 @@ class Screen:
         read, write = os.pipe()
         self.display = subprocess.Popen(
             ["Xvfb", "-displayfd", str(write), "-screen", "0", "1024x768x24", "-fbdir", self.folder,
-             "-nolisten", "tcp"],
+             "-nolisten", "tcp", "-noreset"],
             pass_fds=[write], stderr=subprocess.DEVNULL)
         os.close(write)
         with os.fdopen(read) as pipe:
@@ -105,7 +105,8 @@ class Screen:
             raise NotThere("Xvfb did not start")
         self.environment = dict(
             os.environ, DISPLAY=":" + number, LC_ALL="C", QT_QPA_PLATFORM="xcb",
-            QT_SCALE_FACTOR="1", ALDLIB_USER_DIR=os.path.join(self.folder, "user"),
+            QT_SCALE_FACTOR="1", XDG_RUNTIME_DIR=self.folder,
+            ALDLIB_USER_DIR=os.path.join(self.folder, "user"),
             ALDLIB_MACHINE_DIR=os.path.join(self.folder, "machine"))
         self.running = None
         return self
