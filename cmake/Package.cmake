@@ -9,8 +9,18 @@ set(aldlib_left_out)
 if(NOT ALDLIB_SQLITE)
   set(aldlib_left_out PATTERN "SqliteRegistry.h" EXCLUDE)
 endif()
+if(NOT ALDLIB_QT)
+  list(APPEND aldlib_left_out PATTERN "QtDesktop.h" EXCLUDE)
+endif()
 install(DIRECTORY aldlib/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/aldlib
         FILES_MATCHING PATTERN "*.h" PATTERN internal EXCLUDE ${aldlib_left_out})
+if(ALDLIB_QT)
+  # The component qt: its package file alone asks for Qt.
+  install(TARGETS aldlib_qt EXPORT aldlib-qtTargets
+          LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+          INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+  install(EXPORT aldlib-qtTargets NAMESPACE aldlib:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/aldlib)
+endif()
 install(EXPORT aldlibTargets NAMESPACE aldlib:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/aldlib)
 
 configure_package_config_file(cmake/aldlibConfig.cmake.in ${CMAKE_CURRENT_BINARY_DIR}/aldlibConfig.cmake

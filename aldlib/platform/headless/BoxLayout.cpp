@@ -59,16 +59,9 @@ int EscapeButtonOf(std::uint32_t nFlags) {
   }
 }
 
-DialogTemplate BoxTemplate(const CString& sText, const CString& sCaption, std::uint32_t nFlags) {
-  constexpr std::int16_t kMargin = 7;
-  constexpr std::int16_t kButtonWidth = 50;
-  constexpr std::int16_t kButtonHeight = 14;
-  constexpr std::int16_t kGap = 4;
-  constexpr std::int16_t kIconSize = 20;
+Size BoxTextUnits(const CString& sText) {
   constexpr int kLongestLine = 200;  // of characters; a line beyond it is shown as far as it fits
-  const bool bIcon = (nFlags & kBoxIconMask) != 0;
-
-  // A character of the box's font is 4 units wide and 8 high.
+  constexpr int kMostLines = 60;
   int nLines = 1;
   int nWidest = 0;
   int nLine = 0;
@@ -77,8 +70,19 @@ DialogTemplate BoxTemplate(const CString& sText, const CString& sCaption, std::u
     nWidest = std::max(nWidest, nLine);
     if (ch == '\n') ++nLines;
   }
-  const auto nTextWidth = static_cast<std::int16_t>(4 * std::min(nWidest, kLongestLine));
-  const auto nTextHeight = static_cast<std::int16_t>(8 * std::min(nLines, 60));
+  return {4 * std::min(nWidest, kLongestLine), 8 * std::min(nLines, kMostLines)};
+}
+
+DialogTemplate BoxTemplate(const CString& sText, Size textUnits, const CString& sCaption,
+                           std::uint32_t nFlags) {
+  constexpr std::int16_t kMargin = 7;
+  constexpr std::int16_t kButtonWidth = 50;
+  constexpr std::int16_t kButtonHeight = 14;
+  constexpr std::int16_t kGap = 4;
+  constexpr std::int16_t kIconSize = 20;
+  const bool bIcon = (nFlags & kBoxIconMask) != 0;
+  const auto nTextWidth = static_cast<std::int16_t>(textUnits.cx);
+  const auto nTextHeight = static_cast<std::int16_t>(textUnits.cy);
 
   const std::vector<BoxButton> buttons = ButtonsOf(nFlags);
   const auto nCount = static_cast<int>(buttons.size());
@@ -96,8 +100,8 @@ DialogTemplate BoxTemplate(const CString& sText, const CString& sCaption, std::u
     dialog.items.push_back(
         {kStyleVisible, kMargin, kMargin, kIconSize, kIconSize, kBoxIconId, "STATIC", {}});
   }
-  dialog.items.push_back({kStyleVisible, static_cast<std::int16_t>(nTextLeft), kMargin, nTextWidth,
-                          nTextHeight, kBoxTextId, "STATIC", sText});
+  dialog.items.push_back({kStyleVisible | kBoxTextStyle, static_cast<std::int16_t>(nTextLeft),
+                          kMargin, nTextWidth, nTextHeight, kBoxTextId, "STATIC", sText});
   int x = (nWidth - nRow) / 2;
   for (const BoxButton& button : buttons) {
     const std::uint32_t nKind =

@@ -31,6 +31,14 @@ std::int32_t HeightOfPoints(std::uint16_t nPoints) {
 
 }  // namespace
 
+tagLOGFONTA DialogFont(const DialogTemplate& dialog) {
+  tagLOGFONTA font{};
+  font.lfHeight = HeightOfPoints(dialog.nPointSize != 0 ? dialog.nPointSize : 8);
+  font.lfWeight = 400;
+  dialog.sFace.copy(font.lfFaceName, sizeof font.lfFaceName - 1);
+  return font;
+}
+
 WindowHandle HeadlessWindows::CreateDialog(WindowHandle hOwner, ModuleHandle hModule,
                                            const DialogTemplate& dialog, DialogProcedure procedure,
                                            std::intptr_t nInit) {
@@ -51,11 +59,7 @@ WindowHandle HeadlessWindows::MakeDialog(WindowHandle hOwner, ModuleHandle hModu
   HeadlessWindow* pDialog = Find(hDialog);
   if (pDialog == nullptr) return {};
 
-  tagLOGFONTA font{};
-  font.lfHeight = HeightOfPoints(dialog.nPointSize != 0 ? dialog.nPointSize : 8);
-  font.lfWeight = 400;
-  dialog.sFace.copy(font.lfFaceName, sizeof font.lfFaceName - 1);
-  pDialog->hDialogFont = m_parts.canvas.CreateFont(font);
+  pDialog->hDialogFont = m_parts.canvas.CreateFont(DialogFont(dialog));
   pDialog->hFont = pDialog->hDialogFont;
   const TextMetrics metrics = m_parts.canvas.MetricsOf(pDialog->hDialogFont);
   pDialog->baseUnits = {metrics.nAverageWidth, metrics.nHeight};

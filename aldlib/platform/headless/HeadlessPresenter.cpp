@@ -3,6 +3,7 @@
 
 #include "aldlib/platform/headless/internal/BoxLayout.h"
 #include "aldlib/platform/headless/internal/HeadlessParts.h"
+#include "aldlib/platform/headless/internal/TextLayout.h"
 
 // Boxes and dialogs: a loop that serves the queue, and asks the scripted user whenever nothing
 // waits there.
@@ -45,6 +46,9 @@ int HeadlessPresenter::ShowBox(ShownBox box, const std::function<void(std::int32
     if (nMessage == kMessageInitDialog) {
       box.hBox = hBox;
       m_boxes.push_back(box);
+      // The flags of the icons are in the order of the system's numbers for them.
+      const std::uint32_t nIcon = 0x7F00 + ((nFlags & kBoxIconMask) >> 4);
+      m_parts.windows.Call(m_parts.windows.Child(hBox, kBoxIconId), kMessageSetIcon, nIcon, 0);
       m_parts.windows.SetFocus(m_parts.windows.Child(hBox, DefaultButtonOf(nFlags)));
       return 0;
     }
@@ -66,13 +70,31 @@ int HeadlessPresenter::ShowBox(ShownBox box, const std::function<void(std::int32
   };
   const std::intptr_t nResult =
       Run({.nStuckAnswer = DefaultButtonOf(nFlags), .bBox = true}, box.hOwner, {},
-          BoxTemplate(box.sText, box.sCaption, nFlags), procedure, 0);
+          BoxTemplate(box.sText, TextUnits(box.sText), box.sCaption, nFlags), procedure, 0);
   const int nAnswer = static_cast<int>(nResult);
   const auto it = std::find_if(m_boxes.begin(), m_boxes.end(),
                                [&](const ShownBox& shown) { return shown.hBox == box.hBox; });
   if (it != m_boxes.end() && m_parts.bRecord) it->nAnswer = nAnswer;
   if (it != m_boxes.end() && !m_parts.bRecord) m_boxes.erase(it);
   return nAnswer;
+}
+
+// On a screen the text is measured as it will look, and broken at words. Some room is added for the
+// rounding of units.
+Size HeadlessPresenter::TextUnits(const CString& sText) {
+  if (m_parts.pView == nullptr) return BoxTextUnits(sText);
+  constexpr std::int32_t kMost = 4000;
+  const tagLOGFONTA font = DialogFont(BoxTemplate({}, {}, {}, 0));
+  const TextMetrics metrics = m_parts.pView->MetricsOf(font);
+  const TextMeasure widthOf = [&](std::string_view sLine) {
+    return m_parts.pView->WidthOf(font, sLine);
+  };
+  const std::vector<CString> lines =
+      LinesOf(sText, kTextWordBreak | kTextNoPrefix, m_parts.Screen().cx / 2, widthOf);
+  std::int32_t nWidest = 0;
+  for (const CString& sLine : lines) nWidest = std::max(nWidest, widthOf(sLine));
+  return {std::min(kMost, 4 * nWidest / metrics.nAverageWidth + 4),
+          std::min(kMost, 8 * static_cast<std::int32_t>(lines.size()))};
 }
 
 std::intptr_t HeadlessPresenter::RunDialog(WindowHandle hOwner, ModuleHandle hModule,

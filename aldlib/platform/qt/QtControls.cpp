@@ -53,6 +53,16 @@ ButtonKind ButtonKindOf(std::uint32_t nStyle) {
   }
 }
 
+// Takes a click anywhere on it, and not on its mark and text alone.
+template <typename Button>
+class WholeButton : public Button {
+ public:
+  using Button::Button;
+
+ protected:
+  bool hitButton(const QPoint& point) const override { return this->rect().contains(point); }
+};
+
 // A label shows no mnemonic of its own, so the signs go; of two, the first.
 QString WithoutPrefix(const QString& text) {
   QString shown;
@@ -158,9 +168,9 @@ QWidget* QtView::NewControl(WindowHandle hWindow, const HeadlessWindow& window, 
         pPush->setAutoDefault(false);
         pButton = pPush;
       } else if (kind == ButtonKind::kCheck) {
-        pButton = new QCheckBox(pParent);
+        pButton = new WholeButton<QCheckBox>(pParent);
       } else {
-        pButton = new QRadioButton(pParent);
+        pButton = new WholeButton<QRadioButton>(pParent);
         pButton->setAutoExclusive(false);
       }
       connect(pButton, &QAbstractButton::clicked, this, [this, hWindow] {

@@ -185,7 +185,9 @@ void QtView::DoKey(WindowHandle hControl, std::intptr_t nKeyPress) {
   if (pWindow == nullptr || pPress == nullptr || pPress->pEvent == nullptr || m_bDoingKey) return;
   const WindowKind kind = pWindow->pClass->kind;
   if (kind != WindowKind::kEdit && kind != WindowKind::kList && kind != WindowKind::kCombo) return;
-  if (kind == WindowKind::kEdit && !pPress->sTyped.empty()) return;
+  if (kind == WindowKind::kEdit && (!pPress->sTyped.empty() || IsCharacter(*pPress->pEvent))) {
+    return;
+  }
   const std::unique_ptr<QKeyEvent> pEvent(pPress->pEvent->clone());
   Show();
   const Shown* const pShown = Find(hControl);

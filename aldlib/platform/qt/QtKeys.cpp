@@ -46,6 +46,11 @@ bool IsKeypad(const QKeyEvent& key) {
 
 }  // namespace
 
+bool IsCharacter(const QKeyEvent& key) {
+  return (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0 &&
+         !key.text().isEmpty() && key.text().front().isPrint();
+}
+
 std::uint32_t KeyNumberOf(const QKeyEvent& key) {
   const int nQtKey = key.key();
   if (IsKeypad(key)) {
@@ -84,7 +89,7 @@ CString TypedTextOf(const QKeyEvent& key) {
     case Qt::Key_Backspace:
       return bControl ? CString() : "\b";
     default:
-      return TypableTextOf(key.text());
+      return IsCharacter(key) ? TypableTextOf(key.text()) : CString();
   }
 }
 

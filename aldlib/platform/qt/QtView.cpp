@@ -158,6 +158,7 @@ void QtView::Add(WindowHandle hWindow) {
     shown.pInside = NewControl(hWindow, window, shown.pOuter);
     shown.pInside->show();
     m_handles[shown.pOuter] = hWindow;
+    m_hAdded = hWindow;
   }
   m_handles[shown.pInside] = hWindow;
   m_shown[hWindow] = std::move(shown);
@@ -229,14 +230,17 @@ void QtView::UpdateFocus() {
   const WindowHandle hActive = m_ports.windows.Active();
   const std::vector<WindowHandle> order = m_ports.windows.TopLevel();
   const WindowHandle hFront = order.empty() ? WindowHandle{} : order.front();
-  if (QWidget* const pFront = OuterOf(hFront); hFront != m_hFront && pFront != nullptr) {
+  // One that has just been shown is in front already, and so is one whose front one has gone.
+  if (QWidget* const pFront = OuterOf(hFront); hFront != m_hFront && pFront != nullptr &&
+                                               hFront != m_hAdded &&
+                                               m_ports.windows.IsVisible(m_hFront)) {
     pFront->raise();
   }
+  m_hAdded = {};
   m_hFront = hFront;
   if (hActive != m_hActive || m_bBringBack) {
     QWidget* const pActive = OuterOf(hActive);
     if (pActive != nullptr && pActive->isVisible()) {
-      pActive->raise();
       pActive->activateWindow();
     }
     m_bBringBack = false;

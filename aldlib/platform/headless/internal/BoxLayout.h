@@ -21,8 +21,14 @@ int DefaultButtonOf(std::uint32_t nFlags);
 // The id of the button that Escape stands for: Cancel, or OK where it is alone; 0 if there is none.
 int EscapeButtonOf(std::uint32_t nFlags);
 
+// The room of a text in the box's font, in dialog units, where a character is 4 wide and 8 high.
+Size BoxTextUnits(const CString& sText);
+
 // The box as a dialog: an icon if it has one, the text as the control kBoxTextId, the buttons.
-DialogTemplate BoxTemplate(const CString& sText, const CString& sCaption, std::uint32_t nFlags);
+DialogTemplate BoxTemplate(const CString& sText, Size textUnits, const CString& sCaption,
+                           std::uint32_t nFlags);
+
+constexpr std::uint32_t kBoxTextStyle = 0x0080;  // a & stands for itself
 
 constexpr std::int32_t kBoxTextId = 0xFFFF;
 constexpr std::int32_t kBoxIconId = 20;

@@ -50,6 +50,7 @@ class HeadlessPresenter : public Presenter {
   int ShowBox(ShownBox box, const std::function<void(std::int32_t)>& help);
   std::intptr_t Run(const Running& begun, WindowHandle hOwner, ModuleHandle hModule,
                     const DialogTemplate& dialog, DialogProcedure procedure, std::intptr_t nInit);
+  Size TextUnits(const CString& sText);
   WindowHandle Frame();
   void Serve(std::size_t nRun);
   void GiveUp(std::size_t nRun);

@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "aldlib/platform/Canvas.h"
 #include "aldlib/platform/Windows.h"
 #include "aldlib/platform/headless/HeadlessDesktop.h"
 #include "aldlib/platform/headless/internal/HandleTable.h"
@@ -15,6 +16,9 @@ struct HeadlessParts;
 
 // The windows of HeadlessDesktop. Any call of a procedure can destroy any window, so a pointer to a
 // window's record is looked up again behind each of them.
+// The font that a dialog of the template has.
+tagLOGFONTA DialogFont(const DialogTemplate& dialog);
+
 class HeadlessWindows : public Windows {
  public:
   explicit HeadlessWindows(HeadlessParts& parts);

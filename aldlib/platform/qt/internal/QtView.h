@@ -140,6 +140,7 @@ class QtView : public QObject, public DesktopView {
   WindowHandle m_hActive{};
   WindowHandle m_hFocus{};
   WindowHandle m_hFront{};
+  WindowHandle m_hAdded{};  // the window that was shown last
 };
 
 // The icon of a box by its number.
