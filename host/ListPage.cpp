@@ -17,8 +17,8 @@ ald::DialogTemplate PageForm(const ald::CString& sTitle) {
   constexpr std::uint32_t kStop = ald::kStyleVisible | ald::kStyleTabStop;
   ald::DialogTemplate form;
   form.nStyle = ald::kStylePopup | ald::kStyleCaption | ald::kStyleSystemMenu;
-  form.x = 20;
-  form.y = 20;
+  form.x = 80;
+  form.y = 110;
   form.cx = 300;
   form.cy = 176;
   form.sTitle = sTitle;

@@ -45,7 +45,9 @@ ald::WindowHandle WriteChecksScreen::Open(ald::WindowHandle hOwner, const Cheque
   ald::Windows& windows = CurrentDesktop().windows;
   ald::DialogTemplate form = WriteChecksForm();
   // Each one a little below the others that are open.
-  form.x = form.y = static_cast<std::int16_t>(40 + 12 * ald::DataEntryManagerData.nDialogs);
+  const auto nBelow = static_cast<std::int16_t>(12 * ald::DataEntryManagerData.nDialogs);
+  form.x = static_cast<std::int16_t>(40 + nBelow);
+  form.y = static_cast<std::int16_t>(76 + nBelow);
   const auto pScreen = std::make_shared<WriteChecksScreen>(book, choices);
   const ald::WindowHandle hScreen = windows.CreateDialog(
       hOwner, {}, form,
