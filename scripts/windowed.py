@@ -171,9 +171,13 @@ class Screen:
         return subprocess.run(["xdotool", *arguments], env=self.environment, check=True,
                               capture_output=True, text=True).stdout
 
-    def click(self, window, dx=0, dy=0):
-        x, y = window.middle()
-        self.tool("mousemove", "--sync", str(x + dx), str(y + dy), "click", "1")
+    def point_at(self, x, y):
+        self.tool("mousemove", str(x), str(y))
+
+    def click(self, window, dx=None, dy=None):
+        """In the middle of the window, or so far from its left upper corner."""
+        x, y = window.middle() if dx is None else (window.place[0] + dx, window.place[1] + dy)
+        self.tool("mousemove", str(x), str(y), "click", "1")
 
     def type(self, window, text):
         self.click(window)
