@@ -19,6 +19,7 @@ struct Variant {
   std::uint16_t nType;
   double value;
 };
+using VARIANT = Variant;
 
 // Returns false for exactly 0.0, which stands for no date, and leaves `date` alone. Otherwise true,
 // with InvalidDate for a number that is no automation date. The year may lie outside 1901 to 2099.

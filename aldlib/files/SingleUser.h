@@ -104,15 +104,15 @@ class ALDLIB_EXPORT CALWSingleUserAccess {
   // Takes the object out and frees it. Returns false if there was none.
   static bool RemoveLockFile(Areas eArea, const char* szDirectory);
 
+  bool bLocked = false;  // the last Start was good, and no End has come
+  Areas eArea;
+
  private:
   // The same by a folder in the form that the table has it.
   static CLockFile* Find(Areas eArea, const CPathNameString& sDirectory);
   static CLockFile* Enter(Areas eArea, const CPathNameString& sDirectory);
   static CLockFile* FindOrEnter(Areas eArea, const CPathNameString& sDirectory, bool& bNew);
   static bool Remove(Areas eArea, const CPathNameString& sDirectory);
-
-  bool bLocked = false;
-  Areas eArea;
 
   // The map of an area; null if there is no such area, or no memory.
   static LockFileMap* MapOf(Areas eArea);

@@ -22,10 +22,6 @@ namespace {
 constexpr std::uint16_t kNoTaxFile = 21051;
 
 constexpr const char* kGeneral = "General";
-constexpr const char* kBuiltInStatuses =
-    "Single,Married,Head/Household,Not Required,Married/Jointly,Married/Separately,"
-    "Qualifying Widow(er),Married/2 Incomes,Special A,Special B,Special C,Special D,"
-    "Special E,Special F,Special G,Special H";
 
 constexpr int kStateListTries = 4;
 constexpr std::uint32_t kStateListPause = 500;  // milliseconds
@@ -115,7 +111,7 @@ const std::vector<CString>& FilingStatuses() {
   try {
     // Tokens longer than a status become several, which moves all that follow.
     CFixedString<kFilingStatusSize> sStatus;
-    const char* szCursor = szList[0] != '\0' ? szList : kBuiltInStatuses;
+    const char* szCursor = szList[0] != '\0' ? szList : kBuiltInFilingStatuses;
     while (GetTokenFromLine(szCursor, sStatus) != 0) statuses.emplace_back(sStatus);
   } catch (const std::bad_alloc&) {
     statuses.clear();

@@ -38,6 +38,11 @@ namespace ald {
 // The longest filing status is kFilingStatusSize - 1 characters; a longer one counts as several.
 inline constexpr std::int32_t kFilingStatusSize = 32;
 inline constexpr std::int32_t kStateListSize = 512;
+// The filing statuses of a file that lists none.
+inline constexpr const char* kBuiltInFilingStatuses =
+    "Single,Married,Head/Household,Not Required,Married/Jointly,Married/Separately,"
+    "Qualifying Widow(er),Married/2 Incomes,Special A,Special B,Special C,Special D,"
+    "Special E,Special F,Special G,Special H";
 
 struct FederalTaxInfo {
   CDecimal dec401kLimit;  // "401kLimit"
@@ -95,8 +100,8 @@ static_assert(sizeof(FederalTaxInfo) == 12);
 //   ",a" -> "" and "a"        "a," -> "a"        "abcde" into 4 bytes -> "abc" and "de"
 ALDLIB_EXPORT int GetTokenFromLine(const char*& szCursor, CFixedStringParamRef token);
 
-// The name of a filing status. Without a list in the tax file, or without the file, there are 16
-// built-in ones, from "Single" to "Special H". A bad index gives 0 and an empty text.
+// The name of a filing status. Without a list in the tax file, or without the file, these are the
+// built-in ones. A bad index gives 0 and an empty text.
 ALDLIB_EXPORT int GetFilingStatus(int nIndex, CFixedStringParamRef status);
 // The first filing status of that very name, or -1.
 ALDLIB_EXPORT int GetFilingStatusFromText(const char* szStatus);

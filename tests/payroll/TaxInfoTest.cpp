@@ -9,6 +9,7 @@
 
 #include "aldlib/platform/Controls.h"
 #include "tests/support/FakePlatform.h"
+#include "tests/support/TempFolder.h"
 
 namespace ald {
 namespace {
@@ -448,6 +449,20 @@ TEST_F(TaxInfoTest, JoinsTheCaptionsThatAreThereWithTabs) {
   EXPECT_EQ(Get1099ListboxSettings(sCaptions, nCount), 1);
   EXPECT_EQ(sCaptions, "Beside\t");
   EXPECT_TRUE(Complaints().empty());
+}
+
+// On a real disk, where the parsed file is kept as long as it does not change.
+TEST(TaxInfoOnDisk, SeesEachChangeOfTheFileAtOnce) {
+  const TempFolder folder;
+  char(&szDataPath)[260] = MyAlderLibDataPtr->szDataPath;
+  std::strcpy(szDataPath, folder.Path().c_str());
+  for (int i = 100; i < 150; ++i) {
+    folder.Write("TAXINFO.DAT", "[QA]\nSUILimit=" + std::to_string(i));
+    StateTaxInfo state;
+    ASSERT_EQ(NewGetStateTaxInfo("QA", &state), 1);
+    ASSERT_EQ(state.nSUILimit, i);
+  }
+  szDataPath[0] = '\0';
 }
 
 }  // namespace

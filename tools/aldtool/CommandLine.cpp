@@ -123,6 +123,25 @@ void AddLock(CLI::App& app, int& nStatus) {
   });
 }
 
+void AddTaxInfo(CLI::App& app, int& nStatus) {
+  CLI::App* const pTaxInfo =
+      app.add_subcommand("taxinfo", "Check and show the tax information file of payroll.");
+  pTaxInfo->require_subcommand(1);
+  AddWithText(*pTaxInfo, nStatus, "check",
+              "Say line, section and key of all that payroll would not read as it is meant.\n"
+              "Ends with 0 if nothing is wrong, 1 if something is, 2 if the file is of no use.",
+              "FILE", "Such as examples/payroll/TaxInfo.Dat", &RunTaxInfoCheck);
+  CLI::App* const pShow =
+      pTaxInfo->add_subcommand("show", "Print what payroll reads of the file, or of one state.");
+  const Text sPath = NewText();
+  const Text sState = NewText();
+  pShow->add_option("FILE", *sPath, "A file named TaxInfo.Dat")->required();
+  pShow->add_option("STATE", *sState, "Two letters")->check([](const std::string& sGiven) {
+    return sGiven.size() == 2 ? std::string() : "a state has two letters";
+  });
+  pShow->callback([=, &nStatus] { nStatus = RunTaxInfoShow(*sPath, *sState); });
+}
+
 void AddPrefs(CLI::App& app, int& nStatus) {
   struct Given {
     std::string sGroup;
@@ -270,9 +289,22 @@ void AddMessages(CLI::App& app, int& nStatus) {
               "FILE", "A line holds a number, a blank and the text", &RunTexts);
 }
 
+void AddOneTime(CLI::App& app, int& nStatus) {
+  CLI::App* const pOneTime =
+      app.add_subcommand("onetime", "Look at the messages that the user has switched off.");
+  pOneTime->require_subcommand(1);
+  pOneTime->add_subcommand("list", "List the messages by their keys, and whether each is shown.")
+      ->callback([&nStatus] { nStatus = RunOneTimeList(); });
+  CLI::App* const pReset =
+      pOneTime->add_subcommand("reset", "Bring one message back, or all of them.");
+  const Text sKey = NewText();
+  pReset->add_option("KEY", *sKey, "Such as CLOSECOMPANYMSG; without it all");
+  pReset->callback([=, &nStatus] { nStatus = RunOneTimeReset(*sKey); });
+}
+
 constexpr void (*kAdd[])(CLI::App&, int&) = {
-    AddChecks, AddAmounts, AddDates, AddName,     AddWhere, AddPrefs,
-    AddFind,   AddFiles,   AddLock,  AddMessages, AddPs,
+    AddChecks, AddAmounts, AddDates,    AddName,    AddWhere, AddPrefs,   AddFind,
+    AddFiles,  AddLock,    AddMessages, AddOneTime, AddPs,    AddTaxInfo,
 };
 
 }  // namespace

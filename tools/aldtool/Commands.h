@@ -50,6 +50,14 @@ int RunFileLock(const std::string& sPath, std::int32_t nStart, std::int32_t nLen
 // kUnusable if the area was not to be had.
 int RunLock(std::int32_t nArea, const std::string& sFolder, bool bShared,
             const std::vector<std::string>& command);
+// Says what in a tax information file payroll would not read as it is meant; kBadLines if anything.
+int RunTaxInfoCheck(const std::string& sPath);
+// Prints what payroll reads of the file: all but the states, or one of them.
+int RunTaxInfoShow(const std::string& sPath, const std::string& sState);
+// The messages that a user can switch off: whether each is shown, and one of them, or all for an
+// empty key, brought back.
+int RunOneTimeList();
+int RunOneTimeReset(const std::string& sKey);
 int RunWhere();
 int RunWords(const std::string& sTyped);
 

@@ -5,9 +5,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <algorithm>
 
 #include "aldlib/platform/qt/internal/QtText.h"
@@ -63,7 +65,7 @@ class WholeButton : public Button {
   bool hitButton(const QPoint& point) const override { return this->rect().contains(point); }
 };
 
-// A label shows no mnemonic of its own, so the signs go; of two, the first.
+// A text without its mnemonic signs; of two, the first goes.
 QString WithoutPrefix(const QString& text) {
   QString shown;
   for (qsizetype i = 0; i < text.size(); ++i) {
@@ -78,14 +80,37 @@ Qt::Alignment AlignmentOf(std::uint32_t nKind, std::uint32_t nCenter, std::uint3
   return nKind == nRight ? Qt::AlignRight : Qt::AlignLeft;
 }
 
-void UpdateLabel(QLabel& label, const HeadlessWindow& window) {
+// Underlines its mnemonic. A plain label does so only for a widget that its letter is to lead to,
+// and here the letters are the dialog's business.
+class MnemonicLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+  void Say(const QString& text, bool bPrefix) {
+    setText(bPrefix ? WithoutPrefix(text) : text);
+    m_marked = bPrefix ? text : QString();
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* pEvent) override {
+    if (m_marked.isEmpty() || m_marked == text()) return QLabel::paintEvent(pEvent);
+    QPainter painter(this);
+    const int nFlags =
+        static_cast<int>(alignment()) | Qt::TextShowMnemonic | (wordWrap() ? Qt::TextWordWrap : 0);
+    style()->drawItemText(&painter, contentsRect(), nFlags, palette(), isEnabled(), m_marked,
+                          foregroundRole());
+  }
+
+ private:
+  QString m_marked;  // the text with its signs; empty if it has none
+};
+
+void UpdateLabel(MnemonicLabel& label, const HeadlessWindow& window) {
   const std::uint32_t nKind = window.nStyle & kStaticKindMask;
-  const QString text = QtTextOf(window.sText);
-  const bool bPrefix = (window.nStyle & kStaticNoPrefix) == 0;
   if (nKind == kStaticIcon || window.content.hIcon != IconHandle{}) {
     label.setPixmap(PixmapOf(window.content.hIcon));
   } else {
-    label.setText(bPrefix ? WithoutPrefix(text) : text);
+    label.Say(QtTextOf(window.sText), (window.nStyle & kStaticNoPrefix) == 0);
   }
   const bool bMiddle = (window.nStyle & kStaticMiddle) != 0;
   label.setAlignment(AlignmentOf(nKind, kStaticCenter, kStaticRight) |
@@ -149,7 +174,7 @@ QWidget* QtView::NewControl(WindowHandle hWindow, const HeadlessWindow& window, 
       pNew = new QWidget(pParent);
       break;
     case WindowKind::kStatic: {
-      auto* const pLabel = new QLabel(pParent);
+      auto* const pLabel = new MnemonicLabel(pParent);
       pLabel->setTextFormat(Qt::PlainText);
       pLabel->setAttribute(Qt::WA_TransparentForMouseEvents);
       pNew = pLabel;
@@ -238,7 +263,7 @@ void QtView::UpdateControl(WindowHandle hWindow, const HeadlessWindow& window, S
   const QSignalBlocker blocker(pWidget);
   switch (window.pClass->kind) {
     case WindowKind::kStatic:
-      UpdateLabel(*qobject_cast<QLabel*>(pWidget), window);
+      UpdateLabel(static_cast<MnemonicLabel&>(*pWidget), window);
       break;
     case WindowKind::kEdit:
       UpdateEdit(*qobject_cast<QLineEdit*>(pWidget), window);

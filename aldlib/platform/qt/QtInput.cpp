@@ -49,6 +49,8 @@ bool QtView::eventFilter(QObject* pObject, QEvent* pEvent) {
       return false;
   }
   auto* const pWidget = qobject_cast<QWidget*>(pObject);
+  if (qobject_cast<QMenuBar*>(pWidget) != nullptr)
+    return false;  // Qt's own while the user is there
   const WindowHandle hWindow = HandleOf(pWidget);
   if (hWindow == WindowHandle{}) return false;
   const bool bOuter = m_handles.contains(pWidget) && OuterOf(hWindow) == pWidget;

@@ -1,0 +1,29 @@
+#include <iostream>
+
+#include "aldlib/aldlib.h"
+#include "tools/aldtool/Commands.h"
+
+namespace aldtool {
+
+int RunOneTimeList() {
+  for (std::size_t i = 0; ald::OneTimeMessageKey(i) != nullptr; ++i) {
+    const char* const szKey = ald::OneTimeMessageKey(i);
+    std::cout << (ald::IsOneTimeMessageOff(szKey) ? "off    " : "shown  ") << szKey << "\n";
+  }
+  return kGood;
+}
+
+int RunOneTimeReset(const std::string& sKey) {
+  if (sKey.empty()) {
+    ald::ResetAllOneTimeMessages();
+    return kGood;
+  }
+  if (!ald::IsOneTimeMessageOff(sKey.c_str())) {
+    std::cerr << "aldtool: no message is switched off under " << sKey << "\n";
+    return kUnusable;
+  }
+  ald::ResetOneTimeMessage(sKey.c_str());
+  return kGood;
+}
+
+}  // namespace aldtool
