@@ -18,6 +18,7 @@ void RegisterTexts() {
       {kTextBookInUse, "Somebody else is recording a cheque."},
       {kTextNoMoreScreens, "*No more screens can be opened."},
       {kTextBookHolds, "Cheques in the book: %u, in all %s"},
+      {kTextAbout, "*|Alder Checks writes the cheques of one company.\nIts folder is $$$"},
   };
   ald::StringTable texts;
   for (const auto& [nNumber, szText] : kTexts) texts.Add(nNumber, szText);

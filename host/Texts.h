@@ -14,6 +14,7 @@ constexpr std::uint16_t kTextNotRecorded = 31005;
 constexpr std::uint16_t kTextBookInUse = 31006;
 constexpr std::uint16_t kTextNoMoreScreens = 31007;
 constexpr std::uint16_t kTextBookHolds = 31008;
+constexpr std::uint16_t kTextAbout = 31009;
 
 // The library's own.
 constexpr std::uint16_t kTextInvalidDate = 20311;

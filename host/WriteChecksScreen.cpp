@@ -43,9 +43,14 @@ ald::WindowHandle WriteChecksScreen::Open(ald::WindowHandle hOwner, const Cheque
                                           const ChequeChoices& choices, std::uint16_t nMenuId) {
   if (ald::IsLegalDate(ald::TodaysDate) == 0) ald::GetCurrentDate(ald::TodaysDate);
   ald::Windows& windows = CurrentDesktop().windows;
+  ald::DialogTemplate form = WriteChecksForm();
+  // Each one a little below the others that are open.
+  const auto nBelow = static_cast<std::int16_t>(12 * ald::DataEntryManagerData.nDialogs);
+  form.x = static_cast<std::int16_t>(40 + nBelow);
+  form.y = static_cast<std::int16_t>(76 + nBelow);
   const auto pScreen = std::make_shared<WriteChecksScreen>(book, choices);
   const ald::WindowHandle hScreen = windows.CreateDialog(
-      hOwner, {}, WriteChecksForm(),
+      hOwner, {}, form,
       [pScreen](ald::WindowHandle hWindow, std::uint32_t nMessage, std::uint32_t nWord,
                 std::intptr_t nLong) {
         // The window owns the screen and may be destroyed in here: this holds it until it is done.
