@@ -29,22 +29,18 @@ bool IsSameName(std::string_view sFirst, std::string_view sSecond) noexcept {
 
 bool FolderIndex::Refresh(const char* szFolder) {
   struct stat status {};
-  if (::stat(szFolder, &status) != 0) {
-    m_bSettled = false;
-    m_table.clear();
-    return false;
-  }
+  const bool bThere = ::stat(szFolder, &status) == 0;
   const FileState state = FileState::Of(status);
-  if (m_bSettled && state == m_state) return true;
+  if (bThere && m_bSettled && state == m_state) return true;
+  // Nothing is kept of the old names, should memory run out among the new ones.
+  m_bSettled = false;
+  m_table.clear();
   // Asked before the names are read: a change while they are read then shows as another state.
-  m_bSettled = state.IsSettled();
-  m_state = state;
-  if (!ReadNames(szFolder)) {
-    m_bSettled = false;
-    m_table.clear();
-    return false;
-  }
+  const bool bSettled = bThere && state.IsSettled();
+  if (!bThere || !ReadNames(szFolder)) return false;
   BuildTable();
+  m_state = state;
+  m_bSettled = bSettled;
   return true;
 }
 

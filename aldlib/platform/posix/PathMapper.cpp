@@ -220,8 +220,8 @@ void PathMapper::ReadEnvironment() {
   const char* const szVariable = std::getenv(kDrivesVariable);
   std::string_view sRest(szVariable != nullptr ? szVariable : "");
   if (m_bRead && sRest == m_sVariable) return;
+  m_bRead = false;  // until all of it is: memory may run out on the way
   m_sVariable = sRest;
-  m_bRead = true;
   for (Drive& drive : m_drives) drive.sEnvironment.clear();
   while (!sRest.empty()) {
     const std::size_t nEnd = std::min(sRest.find(';'), sRest.size());
@@ -232,6 +232,7 @@ void PathMapper::ReadEnvironment() {
     }
   }
   SettleDrives();
+  m_bRead = true;
 }
 
 void PathMapper::SettleDrives() {
