@@ -240,9 +240,8 @@ ALDLIB_EXPORT std::uint16_t FileDelete(const CPathNameString& sPath);
 // 1 if there is a file or folder of that name.
 ALDLIB_EXPORT int FileExist(const CPathNameString& sPath);
 
-// Deletes the files of the current folder that match a mask such as "*.TMP". The read-only ones go
-// only if bReadOnlyToo is true, but for "~PVSW~.LOC", the lock file that the database leaves
-// behind.
+// Deletes the files that match a mask such as "*.TMP" or "OLD\\*.TMP". The read-only ones go only
+// if bReadOnlyToo is true, but for "~PVSW~.LOC", the lock file that the database leaves behind.
 ALDLIB_EXPORT void DeleteFiles(const CFixedString<13>& sMask, bool bReadOnlyToo);
 
 // Deletes a file, and those beside it whose extension is LCK or AFL in place of its own.
@@ -260,12 +259,17 @@ template <class T>
 concept FileNameText =
     std::convertible_to<const T&, const char*> && !std::derived_from<T, CPathNameString>;
 
+// Two names, of which one or both are no CPathNameString: a data file and its full path, say.
+template <class T, class U>
+concept FileNameTexts = std::convertible_to<const T&, const char*> &&
+    std::convertible_to<const U&, const char*> &&(FileNameText<T> || FileNameText<U>);
+
 namespace internal {
 
 // Out of line, where no compiler takes the bound of 259 for a reading of that many characters.
 ALDLIB_EXPORT CPathNameString PathOfText(const char* szName) noexcept;
 
-template <FileNameText T>
+template <class T>
 CPathNameString PathOf(const T& name) noexcept {
   if constexpr (FixedText<T>) {
     return CPathNameString(name);
@@ -297,8 +301,8 @@ template <FileNameText T>
 int ALWOpenFile(const T& name, OpenRecord* pRecord, std::uint16_t nStyle) {
   return ALWOpenFile(internal::PathOf(name), pRecord, nStyle);
 }
-template <FileNameText T, FileNameText U>
-std::uint16_t Rename(const T& oldName, const U& newName) {
+template <class T, class U>
+requires FileNameTexts<T, U> std::uint16_t Rename(const T& oldName, const U& newName) {
   return Rename(internal::PathOf(oldName), internal::PathOf(newName));
 }
 template <FileNameText T>
@@ -313,8 +317,9 @@ template <FileNameText T>
 void FileDeleteWithLCK(const T& name) {
   FileDeleteWithLCK(internal::PathOf(name));
 }
-template <FileNameText T, FileNameText U>
-std::uint8_t CopyFile2(const T& toName, const U& fromName, std::uint8_t bCopy) {
+template <class T, class U>
+requires FileNameTexts<T, U> std::uint8_t CopyFile2(const T& toName, const U& fromName,
+                                                    std::uint8_t bCopy) {
   return CopyFile2(internal::PathOf(toName), internal::PathOf(fromName), bCopy);
 }
 

@@ -4,6 +4,7 @@
 #include "aldlib/files/Directories.h"
 #include "aldlib/files/internal/FileRecord.h"
 #include "aldlib/frame/MemStore.h"
+#include "aldlib/platform/internal/PathText.h"
 #include "aldlib/text/Strings.h"
 
 namespace ald {
@@ -104,13 +105,18 @@ int FileExist(const CPathNameString& sPath) {
 }
 
 void DeleteFiles(const CFixedString<13>& sMask, bool bReadOnlyToo) {
+  // A match comes without its folder: alone its name would be that of another file.
+  const std::string_view sFolder = SplitPath(sMask.view()).sFolder;
   _finddata_t found{};
   for (unsigned char bFound = FindFirst(sMask, &found); bFound != 0; bFound = FindNext(&found)) {
     if ((found.attrib & kFolderAttribute) != 0) continue;
+    CFixedString<sizeof sMask + sizeof found.name> sPath;
+    sFolder.copy(sPath, sFolder.size());
+    sstrcat(sPath, found.name, sPath.GetSize());
     if (bReadOnlyToo || CompareStrNoCase(found.name, "~PVSW~.LOC") == 0) {
-      SystemFiles().MakeWritable(found.name);
+      SystemFiles().MakeWritable(sPath);
     }
-    SystemFiles().Delete(found.name);
+    SystemFiles().Delete(sPath);
   }
 }
 

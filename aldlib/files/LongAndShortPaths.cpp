@@ -59,7 +59,8 @@ CPathNameString ALWGetLongPathName(CPathNameString sPath) {
     const std::size_t nEnd = sRest.find('\\');
     sstrcat(sLong, "\\", kSize);
     if (sRest.empty()) return sLong;
-    const CPathNameString sElement(CString(sRest.substr(0, nEnd)).c_str());
+    CPathNameString sElement;
+    sRest.copy(sElement, nEnd);
     CPathNameString sProbe(sLong);
     sstrcat(sProbe, sElement, kSize);
     FolderEntry entry;

@@ -9,6 +9,10 @@
 namespace ald {
 namespace {
 
+// With room for three characters of a prefix, four digits and ".TMP" behind it: a file is not made
+// under a path that its maker could not be told.
+constexpr std::size_t kLongestTempFolder = 259 - 3 - 4 - 4;
+
 // The folder for temporary files; empty if there is none that leaves room for a name.
 CPathNameString TempFolder() {
   const CString sFolder = CurrentPlatform().volumes.TempFolder();
@@ -19,7 +23,9 @@ CPathNameString TempFolder() {
 }  // namespace
 
 void ALW_EnsureSafeFileName(CPathNameString& sName) noexcept {
-  for (char* p = sName; *p != '\0'; ++p) {
+  char* const szName = sName;
+  const std::size_t nLength = sName.view().size();  // within the 260 bytes, whatever they hold
+  for (char* p = szName; p != szName + nLength; ++p) {
     if (std::string_view("?*\\/:|><.\"").find(*p) != std::string_view::npos) *p = '_';
   }
 }
@@ -38,7 +44,7 @@ CPathNameString GenerateBaseDefaultBackupName(const char* szName) {
 std::uint32_t ALW_GetTempFileName(const char* szPrefix, CPathNameString& sPath) {
   const CPathNameString sFolder = TempFolder();
   CString sMade;
-  if (sFolder.IsEmpty()) return 0;
+  if (sFolder.IsEmpty() || sFolder.view().size() > kLongestTempFolder) return 0;
   const std::uint32_t nNumber = CurrentPlatform().volumes.MakeTempFile(sFolder, szPrefix, sMade);
   if (nNumber != 0) sPath = sMade.c_str();
   return nNumber;

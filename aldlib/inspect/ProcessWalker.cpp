@@ -124,7 +124,8 @@ void CProcessWalker::Clear() {
 }
 
 void CProcessWalker::AddOnce(const char* szFullPath, std::uint32_t nProcessId) {
-  if (!IsProcessInArray(szFullPath, nProcessId)) AddToArray(CProcessInfo(szFullPath, nProcessId));
+  if (IsProcessInArray(szFullPath, nProcessId)) return;
+  AddToArray(CProcessInfo(CString(View(szFullPath)), nProcessId));
 }
 
 bool CProcessWalker::LoadMemoryInformation() try {
@@ -252,8 +253,9 @@ bool CALWProcessScanner::LoadMemoryInformation() {
   return CProcessWalker::LoadMemoryInformation();
 }
 
-void CALWProcessScanner::Add(const CString& sName) {
+void CALWProcessScanner::Add(const CString& sName) try {
   m_watched.push_back({sName, false});
+} catch (const std::bad_alloc&) {
 }
 
 bool CALWProcessScanner::IsInMemory(const CString&) const {

@@ -167,6 +167,7 @@ class ALDLIB_EXPORT CALWProcessScanner : public CProcessWalker {
 
   bool LoadMemoryInformation() override;
 
+  // Without memory the name is not added.
   void Add(const CString& sName);
   // Always false, also for what is running: Find has the answer.
   bool IsInMemory(const CString& sName) const;

@@ -42,7 +42,7 @@ class ALDLIB_EXPORT Controls {
 
   // Fills a list with the names of a folder that match the last element of the path, under the
   // attributes of a directory search, and shows the folder in the label; without a wildcard in the
-  // path it means "*.*" there. False if the path is bad.
+  // path it means "*.*" there. The path is one of the Volumes. False if it is bad.
   virtual bool ListFolder(WindowHandle hParent, const CString& sPath, std::int32_t nList,
                           std::int32_t nLabel, std::uint32_t nAttributes) = 0;
 };

@@ -133,8 +133,7 @@ class ALDLIB_EXPORT WildcardSearch {
 // behind the text's end. Returns 0 for a match, and else the order of the two: 1 if szText is the
 // greater or goes on behind the mask, -1 if it is the smaller. Bytes count as signed. A null or
 // empty mask matches every text; a null text counts as empty.
-//   MatchMask("ABC", "AB*") -> 0      MatchMask("AB", "AB*") -> 0      MatchMask("ABCD", "AB*") ->
-//   1
+//   MatchMask("ABC", "AB*") -> 0    MatchMask("AB", "AB*") -> 0    MatchMask("ABCD", "AB*") -> 1
 [[nodiscard]] ALDLIB_EXPORT std::int16_t MatchMask(const char* szText, const char* szMask) noexcept;
 
 // Returns the index of the first cWildcard, or -1 if there is none, or if it is escaped: with a

@@ -338,6 +338,14 @@ TEST_F(DirectoriesTest, MakesNoTemporaryFileWithoutRoomForItsName) {
   EXPECT_EQ(sPath, "before");
   EXPECT_EQ(ALW_GetTempFileNameExt("NONE\\a", "txt", sPath), 0U);
   EXPECT_EQ(Found("C:\\TEMP\\*.txt"), "");
+
+  const CString sDeep = "C:\\TEMP\\" + CString(120, 'd') + '\\' + CString(125, 'e') + '\\';
+  MakeDir(sDeep.substr(0, 128).c_str());
+  MakeDir(sDeep.c_str());
+  m_platform.m_volumes.m_sTempFolder = sDeep;
+  sPath = "before";
+  EXPECT_EQ(ALW_GetTempFileName("rpt", sPath), 0U);
+  EXPECT_EQ(sPath, "before");
 }
 
 }  // namespace

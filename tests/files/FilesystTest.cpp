@@ -359,7 +359,8 @@ TEST_F(FilesystTest, RenamesWithTheNumbersOfTheRuntime) {
   EXPECT_EQ(Rename("A.DAT", "C.DAT"), 13);
   EXPECT_EQ(FileDelete("A.DAT"), 1);
   Close(&file);
-  EXPECT_EQ(Rename(CPathNameString("A.DAT"), CPathNameString("C.DAT")), 0);
+  EXPECT_EQ(Rename(CPathNameString("A.DAT"), CFixedString<13>("D.DAT")), 0);
+  EXPECT_EQ(Rename(CFixedString<13>("D.DAT"), CPathNameString("C.DAT")), 0);
   EXPECT_EQ(FileExist("A.DAT"), 0);
   EXPECT_EQ(FileExist("C.DAT"), 1);
   EXPECT_EQ(FileExist("C:\\"), 1);
@@ -378,6 +379,14 @@ TEST_F(FilesystTest, DeletesByMaskWithTheReadOnlyOnesIfAsked) {
   DeleteFiles(CFixedString<13>("*.LOC"), false);
   EXPECT_EQ(FileExist("~PVSW~.LOC"), 0);
   EXPECT_EQ(FileExist("KEEP.DAT"), 1);
+}
+
+TEST_F(FilesystTest, DeletesInTheFolderOfItsMask) {
+  for (const char* szName : {"A.TMP", "OLD\\A.TMP", "OLD\\B.TMP"}) Put(szName, "x");
+  MakeReadOnly("OLD\\B.TMP");
+  DeleteFiles(CFixedString<13>("OLD\\*.TMP"), true);
+  EXPECT_EQ(FileExist("OLD\\A.TMP") + FileExist("OLD\\B.TMP"), 0);
+  EXPECT_EQ(FileExist("A.TMP"), 1);
 }
 
 TEST_F(FilesystTest, DeletesTheCompanionsOfAFile) {
@@ -418,7 +427,7 @@ TEST_F(FilesystTest, CopiesAFileOverAnother) {
   EXPECT_EQ(CopyFile2("B.DAT", "A.DAT", 1), 1);
   EXPECT_EQ(Text("B.DAT"), sText);
   EXPECT_EQ(CopyFile2("a.dat", "A.DAT", 1), 1);  // onto itself
-  EXPECT_EQ(CopyFile2("C:\\A.DAT", "A.DAT", 1), 1);
+  EXPECT_EQ(CopyFile2(CPathNameString("C:\\A.DAT"), CFixedString<13>("A.DAT"), 1), 1);
   EXPECT_EQ(Text("A.DAT"), sText);
   EXPECT_EQ(CopyFile2("B.DAT", "A.DAT", 0), 0);
   EXPECT_EQ(Text("B.DAT"), "");

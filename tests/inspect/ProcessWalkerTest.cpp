@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "aldlib/platform/posix/PathMapper.h"
 #include "aldlib/platform/posix/ProcProcesses.h"
 #include "tests/support/FakePlatform.h"
 #include "tests/support/TempFolder.h"
@@ -235,7 +236,8 @@ class SleepingChild {
 class ProcProcessesTest : public testing::Test {
  protected:
   TempFolder m_folder;
-  ProcProcesses m_processes;
+  PathMapper m_paths;
+  ProcProcesses m_processes{m_paths};
 };
 
 TEST_F(ProcProcessesTest, FindsAProcessOfOursWithItsLibrariesInAnyCase) {
@@ -266,7 +268,8 @@ TEST_F(ProcProcessesTest, FindsAProcessOfOursWithItsLibrariesInAnyCase) {
 // Ends a child when the walk, which has its id from the list, comes to it.
 class EndingProcesses : public ProcProcesses {
  public:
-  explicit EndingProcesses(SleepingChild& child) : m_child(child), m_nChild(child.Id()) {}
+  EndingProcesses(PathMapper& paths, SleepingChild& child)
+      : ProcProcesses(paths), m_child(child), m_nChild(child.Id()) {}
   bool EnumerateModules(std::uint32_t nProcess, std::vector<CString>& paths) override {
     if (nProcess == m_nChild) {
       m_child.End();
@@ -286,7 +289,7 @@ TEST_F(ProcProcessesTest, LeavesOutAProcessThatEndsDuringTheWalk) {
   const std::filesystem::path program = std::filesystem::path(m_folder.Path()) / "aldershort.bin";
   SleepingChild child(program);
   ASSERT_TRUE(child.WaitUntilLoaded(m_processes, "aldershort.bin"));
-  EndingProcesses processes(child);
+  EndingProcesses processes(m_paths, child);
   const Platform& own = CurrentPlatform();
   const Platform platform{own.resources, own.machine, own.locale, own.profile,
                           own.registry,  own.product, own.clock,  own.files,
@@ -321,7 +324,7 @@ TEST_F(ProcProcessesTest, ReadsEveryKindOfMappingAndSkipsProcessesWithoutAProgra
          "a-line-cut-short r-xp 0000";
   std::filesystem::create_symlink("/bin/gone", proc / "30" / "exe");  // its maps may not be read
 
-  ProcProcesses processes(proc.string());
+  ProcProcesses processes(m_paths, proc.string());
   std::uint32_t aIds[8];
   std::size_t nCount = 0;
   ASSERT_TRUE(processes.EnumerateProcesses(aIds, nCount));
@@ -337,7 +340,11 @@ TEST_F(ProcProcessesTest, ReadsEveryKindOfMappingAndSkipsProcessesWithoutAProgra
   EXPECT_EQ(paths,
             (std::vector<CString>{"C:\\opt\\a b\\led", "C:\\lib\\first.so", "C:\\lib\\old.so.1"}));
   EXPECT_FALSE(processes.EnumerateModules(30, paths));
-  EXPECT_FALSE(ProcProcesses((proc / "no").string()).EnumerateProcesses(aIds, nCount));
+
+  ASSERT_TRUE(m_paths.SetDrive('L', "/lib"));
+  ASSERT_TRUE(processes.EnumerateModules(20, paths));
+  EXPECT_EQ(paths, (std::vector<CString>{"C:\\opt\\a b\\led", "L:\\first.so", "L:\\old.so.1"}));
+  EXPECT_FALSE(ProcProcesses(m_paths, (proc / "no").string()).EnumerateProcesses(aIds, nCount));
 }
 
 }  // namespace

@@ -191,6 +191,20 @@ TYPED_TEST(FilesTest, LockARangeAgainstAllOtherOpens) {
   }
 }
 
+// What a backend reads ahead of the caller is not what the caller asked for.
+TYPED_TEST(FilesTest, ReadUpToARangeThatIsLocked) {
+  this->m_place.Write("A.DAT", "0123456789");
+  const FileHandle hOwner = this->Opened("A.DAT", kRead, FileSharing::Read);
+  const FileHandle hReader = this->Opened("A.DAT", kRead, FileSharing::Read);
+  ASSERT_EQ(this->files().Lock(hOwner, 4, 2), kNoSystemError);
+  char aBytes[3];
+  EXPECT_EQ(this->files().Read(hReader, aBytes, 3, this->m_nMoved), kNoSystemError);
+  EXPECT_EQ(std::string(aBytes, this->m_nMoved), "012");
+  EXPECT_EQ(this->files().Read(hReader, aBytes, 3, this->m_nMoved), kLockViolation);
+  this->files().Close(hReader);
+  this->files().Close(hOwner);
+}
+
 TYPED_TEST(FilesTest, KeepSharingAndRangesUntilTheLastDuplicateIsClosed) {
   this->m_place.Write("A.DAT", "0123456789");
   Files& files = this->files();

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "tests/support/DesktopContract.h"
@@ -219,6 +220,12 @@ TEST_F(HeadlessBench, ListsAFolderByPattern) {
   EXPECT_TRUE(m_desktop.controls.ListFolder(hParent, sFolder + "*.D?T", 5, 6, 0x10));
   EXPECT_THAT(items(), ElementsAre("CHART.DAT", "ledger.dat", "[..]", "[BACKUP]"));
   EXPECT_FALSE(m_desktop.controls.ListFolder(hParent, sFolder + "none/*.*", 5, 6, 0));
+
+  CString sOnDrive = "C:" + folder.Path();
+  std::replace(sOnDrive.begin(), sOnDrive.end(), '/', '\\');
+  EXPECT_TRUE(m_desktop.controls.ListFolder(hParent, sOnDrive + "\\backup\\..\\NOTES.*", 5, 6, 0));
+  EXPECT_THAT(items(), ElementsAre("notes.txt"));
+  EXPECT_EQ(m_desktop.windows.Text(hLabel), sOnDrive);
 }
 
 TEST_F(HeadlessBench, NeverLetsAStaleHandleAnswerForItsSuccessor) {

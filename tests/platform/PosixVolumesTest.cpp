@@ -59,6 +59,7 @@ TEST_F(PosixVolumesTest, FindsNamesInTheOrderOfTheirCapitals) {
   EXPECT_EQ(Found((m_folder.Path() + "\\Z*").c_str()), "zz.txt ");
   fs::current_path(m_folder.Path());
   EXPECT_EQ(Found("z*"), "zz.txt ");
+  EXPECT_EQ(Found("*").substr(0, 7), ".x.dat ") << "nor has it where it is the current folder";
   EXPECT_EQ(Found("D:z*"), "zz.txt ");
   EXPECT_EQ(Found("D:\\zz.txt\\*"), "");
   EXPECT_EQ(Found("E:\\*"), "");

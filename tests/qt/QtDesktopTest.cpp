@@ -88,9 +88,10 @@ TEST_F(QtDesktopTest, LeavesNothingBehindAfterTenThousandBoxes) {
   EXPECT_EQ(m_bench.m_desktop.Widgets(), nShown);
   EXPECT_EQ(QApplication::allWidgets().size(), nWidgets);
   EXPECT_EQ(QApplication::topLevelWidgets().size(), 1);
-  // Less than a byte for a box.
+  // The toolkit's own caches move by some thousand bytes; a box that stayed would be more than that
+  // for each, and the smallest block that malloc gives is 24.
   if (kCountsMemory) {
-    EXPECT_LT(mallinfo2().uordblks, nBytes + kBoxes);
+    EXPECT_LT(mallinfo2().uordblks, nBytes + 16 * kBoxes);
   }
 }
 
@@ -155,10 +156,7 @@ TEST_F(QtDesktopTest, ShowsAndTakesTheWholeCodePage) {
 }
 
 TEST_F(QtDesktopTest, HoldsARequestToCloseUntilItMayBeServed) {
-  const Platform& base = CurrentPlatform();
-  const Platform platform{base.resources, base.machine,   base.locale, base.profile,
-                          base.registry,  base.product,   base.clock,  base.files,
-                          base.volumes,   base.processes, m_ports};
+  const Platform platform = CurrentPlatform().WithDesktop(m_ports);
   InstallPlatform(&platform);
   const WindowHandle hWindow = m_ports.windows.Create(
       {.sClass = "STATIC", .nStyle = kStylePopup | kStyleVisible | kStyleCaption});

@@ -50,6 +50,7 @@ int HeadlessPresenter::ShowBox(ShownBox box, const std::function<void(std::int32
       const std::uint32_t nIcon = 0x7F00 + ((nFlags & kBoxIconMask) >> 4);
       m_parts.windows.Call(m_parts.windows.Child(hBox, kBoxIconId), kMessageSetIcon, nIcon, 0);
       m_parts.windows.SetFocus(m_parts.windows.Child(hBox, DefaultButtonOf(nFlags)));
+      if (m_parts.pView != nullptr) CenterOverOwner(hBox);
       return 0;
     }
     const bool bHelpKey = nMessage == kMessageHelp && (nFlags & kBoxHelp) != 0;
@@ -77,6 +78,20 @@ int HeadlessPresenter::ShowBox(ShownBox box, const std::function<void(std::int32
   if (it != m_boxes.end() && m_parts.bRecord) it->nAnswer = nAnswer;
   if (it != m_boxes.end() && !m_parts.bRecord) m_boxes.erase(it);
   return nAnswer;
+}
+
+// In the middle of the owner, or of the screen for a box without one that shows.
+void HeadlessPresenter::CenterOverOwner(WindowHandle hBox) {
+  HeadlessWindows& windows = m_parts.windows;
+  const WindowHandle hOwner = windows.Parent(hBox);
+  const Size screen = m_parts.Screen();
+  const Rect over =
+      windows.IsVisible(hOwner) ? windows.WindowRect(hOwner) : Rect{0, 0, screen.cx, screen.cy};
+  const Rect box = windows.WindowRect(hBox);
+  const std::int32_t x = over.left + (over.Width() - box.Width()) / 2;
+  const std::int32_t y = over.top + (over.Height() - box.Height()) / 2;
+  windows.Place(hBox, WindowOrder::kKeep, std::max(0, x), std::max(0, y), 0, 0,
+                kPlaceNoSize | kPlaceNoOrder | kPlaceNoActivate);
 }
 
 // On a screen the text is measured as it will look, and broken at words. Some room is added for the

@@ -1,11 +1,10 @@
-#include <algorithm>
-#include <filesystem>
 #include <string_view>
-#include <system_error>
 #include <vector>
 
-#include "aldlib/platform/Characters.h"
+#include "aldlib/platform/Platform.h"
 #include "aldlib/platform/headless/internal/HeadlessParts.h"
+#include "aldlib/platform/internal/FileMask.h"
+#include "aldlib/platform/internal/PathText.h"
 
 namespace ald {
 namespace {
@@ -14,77 +13,78 @@ namespace {
 constexpr std::uint32_t kSearchFolders = 0x0010;
 constexpr std::uint32_t kSearchOnlyThese = 0x8000;  // no plain files
 
-// Whether the name fits the pattern, in any case: '*' stands for any stretch, '?' for one
-// character, and "*.*" for every name.
-bool Fits(std::string_view sName, std::string_view sPattern) {
-  if (sPattern == "*.*") return true;
-  std::size_t nName = 0;
-  std::size_t nPattern = 0;
-  std::size_t nStar = std::string_view::npos;  // the last '*', and the name from where it stands
-  std::size_t nRest = 0;
-  while (nName < sName.size()) {
-    if (nPattern < sPattern.size() && sPattern[nPattern] == '*') {
-      nStar = nPattern++;
-      nRest = nName;
-    } else if (nPattern < sPattern.size() &&
-               (sPattern[nPattern] == '?' ||
-                CharUpper(sPattern[nPattern]) == CharUpper(sName[nName]))) {
-      ++nPattern;
-      ++nName;
-    } else if (nStar != std::string_view::npos) {
-      nPattern = nStar + 1;
-      nName = ++nRest;
-    } else {
-      return false;
-    }
+// A folder in full, without a separator at its end except for a root: "C:\DATA", or "/data" for one
+// in the system's own spelling. Empty if it is on no drive.
+CString FullFolder(Volumes& volumes, std::string_view sPath) {
+  if (IsSharePath(sPath)) return {};
+  const bool bNative = sPath.starts_with('/');
+  CString sFull;
+  CString sRest(sPath);
+  if (!bNative) {
+    const bool bDrive = HasDrive(sPath);
+    const unsigned nDrive = bDrive ? DriveIndex(sPath[0]) : volumes.CurrentDrive();
+    const CString sCurrent = volumes.CurrentFolder(static_cast<std::uint16_t>(nDrive));
+    if (!HasDrive(sCurrent)) return {};
+    sFull = sCurrent.substr(0, 2);
+    if (bDrive) sRest.erase(0, 2);
+    if (sRest.empty() || !IsSeparator(sRest[0])) sRest = sCurrent.substr(2) + '\\' + sRest;
   }
-  return sPattern.find_first_not_of('*', nPattern) == std::string_view::npos;
+  const char chSeparator = bNative ? '/' : '\\';
+  const std::vector<std::string_view> elements = ElementsOf(sRest, true);
+  for (const std::string_view sElement : elements) sFull.append(1, chSeparator).append(sElement);
+  if (elements.empty()) sFull += chSeparator;
+  return sFull;
+}
+
+// False if there is no match.
+template <class Take>
+bool ForEachMatch(Volumes& volumes, const CString& sMask, Take take) {
+  _finddata_t record{};
+  const SearchHandle hSearch = volumes.StartSearch(sMask.c_str(), record);
+  if (hSearch == kNoSearch) return false;
+  do take(record);
+  while (volumes.ContinueSearch(hSearch, record));
+  volumes.EndSearch(hSearch);
+  return true;
 }
 
 }  // namespace
 
-// Reads the folder itself, by the system's own paths; a backslash counts as a slash. Folders stand
-// in brackets behind the files.
+// Folders stand in brackets behind the files.
 bool HeadlessControls::ListFolder(WindowHandle hParent, const CString& sPath, std::int32_t nList,
                                   std::int32_t nLabel, std::uint32_t nAttributes) {
-  namespace fs = std::filesystem;
-  CString sFolder = sPath;
-  std::replace(sFolder.begin(), sFolder.end(), '\\', '/');
+  Volumes& volumes = CurrentPlatform().volumes;
+  std::string_view sFolderPart = sPath;
   CString sPattern = "*.*";
-  const std::size_t nLast = sFolder.rfind('/');
-  const std::size_t nElement = nLast == CString::npos ? 0 : nLast + 1;
-  if (sFolder.find_first_of("*?", nElement) != CString::npos) {
-    sPattern = sFolder.substr(nElement);
-    sFolder.erase(nElement);
+  if (const PathEnd end = SplitPath(sPath); HasWildcards(end.sName)) {
+    sFolderPart = end.sFolder;
+    sPattern = end.sName;
   }
-  std::error_code error;
-  fs::path folder =
-      fs::absolute(sFolder.empty() ? "." : Utf8FromCodePage1252(sFolder), error).lexically_normal();
-  if (!folder.has_filename()) folder = folder.parent_path();  // no slash behind the last name
-  fs::directory_iterator entries(folder, error);
-  if (error) return false;
+  const CString sFolder = FullFolder(volumes, sFolderPart);
+  if (sFolder.empty()) return false;
+  const bool bRoot = IsSeparator(sFolder.back());
+  const CString sStart = bRoot ? sFolder : sFolder + (sFolder[0] == '/' ? '/' : '\\');
 
-  std::vector<CString> files;
+  std::vector<CString> items;
   std::vector<CString> folders;
-  if ((nAttributes & kSearchFolders) != 0 && folder.has_relative_path()) folders.push_back("[..]");
-  for (; !error && entries != fs::directory_iterator(); entries.increment(error)) {
-    const CString sName = CodePage1252FromUtf8(entries->path().filename().string());
-    std::error_code noStatus;
-    if (entries->is_directory(noStatus)) {
-      if ((nAttributes & kSearchFolders) != 0) folders.push_back("[" + sName + "]");
-    } else if ((nAttributes & kSearchOnlyThese) == 0 && Fits(sName, sPattern)) {
-      files.push_back(sName);
-    }
+  const bool bThere = ForEachMatch(volumes, sStart + "*.*", [&](const _finddata_t& entry) {
+    const CString sName = entry.name;
+    if ((entry.attrib & kFolderAttribute) != 0 && sName != ".")
+      folders.push_back('[' + sName + ']');
+  });
+  if (!bThere && !bRoot) return false;  // only a root may hold nothing at all
+  if ((nAttributes & kSearchFolders) == 0) folders.clear();
+  if ((nAttributes & kSearchOnlyThese) == 0) {
+    ForEachMatch(volumes, sStart + sPattern, [&](const _finddata_t& entry) {
+      if ((entry.attrib & kFolderAttribute) == 0) items.push_back(entry.name);
+    });
   }
-  std::sort(files.begin(), files.end());
-  std::sort(folders.begin(), folders.end());
+  items.insert(items.end(), folders.begin(), folders.end());
 
   const WindowHandle hList = m_parts.windows.Child(hParent, nList);
   RemoveAllItems(hList);
-  for (const CString& sName : files) AddItem(hList, sName);
-  for (const CString& sName : folders) AddItem(hList, sName);
-  m_parts.windows.SetText(m_parts.windows.Child(hParent, nLabel),
-                          CodePage1252FromUtf8(folder.string()));
+  for (const CString& sName : items) AddItem(hList, sName);
+  m_parts.windows.SetText(m_parts.windows.Child(hParent, nLabel), sFolder);
   return true;
 }
 

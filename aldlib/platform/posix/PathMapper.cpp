@@ -62,6 +62,7 @@ void AddElement(CString& sPath, std::string_view sElement) {
 }  // namespace
 
 CString PathMapper::Native(std::string_view sPath) {
+  const std::lock_guard guard(m_mutex);
   if (sPath.empty()) return {};
   if (HasDrive(sPath)) {
     Drive* const pDrive = Find(sPath[0]);
@@ -167,6 +168,7 @@ bool PathMapper::AddOtherCase(CString& sFolder, std::string_view sName, FolderIn
 }
 
 CString PathMapper::Spelled(std::string_view sNative, char chPreferred) {
+  const std::lock_guard guard(m_mutex);
   if (sNative.find('\\') != std::string_view::npos) return {};
   CString sSpelled;
   if (sNative.starts_with('/')) {
@@ -191,6 +193,7 @@ CString PathMapper::Spelled(std::string_view sNative, char chPreferred) {
 }
 
 bool PathMapper::SetDrive(char chDrive, std::string_view sFolder) {
+  const std::lock_guard guard(m_mutex);
   if (!IsDriveLetter(chDrive) || (!sFolder.empty() && sFolder[0] != '/')) return false;
   ReadEnvironment();
   Drive& drive = m_drives[DriveIndex(chDrive)];
@@ -201,6 +204,7 @@ bool PathMapper::SetDrive(char chDrive, std::string_view sFolder) {
 }
 
 CString PathMapper::DriveFolder(char chDrive) {
+  const std::lock_guard guard(m_mutex);
   const Drive* const pDrive = Find(chDrive);
   return pDrive != nullptr ? pDrive->sFolder : CString();
 }
@@ -216,8 +220,8 @@ void PathMapper::ReadEnvironment() {
   const char* const szVariable = std::getenv(kDrivesVariable);
   std::string_view sRest(szVariable != nullptr ? szVariable : "");
   if (m_bRead && sRest == m_sVariable) return;
+  m_bRead = false;  // until all of it is: memory may run out on the way
   m_sVariable = sRest;
-  m_bRead = true;
   for (Drive& drive : m_drives) drive.sEnvironment.clear();
   while (!sRest.empty()) {
     const std::size_t nEnd = std::min(sRest.find(';'), sRest.size());
@@ -228,6 +232,7 @@ void PathMapper::ReadEnvironment() {
     }
   }
   SettleDrives();
+  m_bRead = true;
 }
 
 void PathMapper::SettleDrives() {
@@ -245,6 +250,7 @@ void PathMapper::SettleDrives() {
 }
 
 char PathMapper::CurrentDrive() {
+  const std::lock_guard guard(m_mutex);
   const CString sFolder = Spelled(ProcessFolder(), m_chCurrent);
   if (!sFolder.empty()) return sFolder[0];
   return m_chCurrent != '\0' && Find(m_chCurrent) != nullptr ? m_chCurrent : 'C';
@@ -261,6 +267,7 @@ bool PathMapper::Enter(char chDrive, const CString& sNative) {
 }
 
 bool PathMapper::ChangeDrive(char chDrive) {
+  const std::lock_guard guard(m_mutex);
   const Drive* const pDrive = Find(chDrive);
   if (pDrive == nullptr) return false;
   const char chAfter = ToUpperAscii(chDrive);
@@ -272,6 +279,7 @@ bool PathMapper::ChangeDrive(char chDrive) {
 }
 
 CString PathMapper::CurrentFolder(char chDrive) {
+  const std::lock_guard guard(m_mutex);
   const Drive* const pDrive = Find(chDrive);
   if (pDrive == nullptr) return {};
   const char chUpper = ToUpperAscii(chDrive);
@@ -280,6 +288,7 @@ CString PathMapper::CurrentFolder(char chDrive) {
 }
 
 bool PathMapper::ChangeFolder(std::string_view sPath) {
+  const std::lock_guard guard(m_mutex);
   return Enter(HasDrive(sPath) ? ToUpperAscii(sPath[0]) : CurrentDrive(), Native(sPath));
 }
 

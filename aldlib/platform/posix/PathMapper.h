@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <mutex>
 #include <string_view>
 #include <vector>
 
@@ -34,6 +35,9 @@ inline constexpr const char* kDrivesVariable = "ALDLIB_DRIVES";
 //
 // A name in its exact spelling costs one look at the file. One in another spelling reads its folder
 // once; what was read is kept until the folder changes.
+//
+// Threads may share a mapper, as those that open files and the one that searches folders do. The
+// current folder is the process's, and so the same for all of them.
 class ALDLIB_EXPORT PathMapper {
  public:
   // The native path. Empty for an empty path, a drive that there is none of, or a share.
@@ -83,6 +87,7 @@ class ALDLIB_EXPORT PathMapper {
   static bool AddOtherCase(CString& sFolder, std::string_view sName, FolderIndex& index);
   bool Enter(char chDrive, const CString& sNative);
 
+  std::recursive_mutex m_mutex;  // over what follows; the calls above use each other
   Drive m_drives[26];
   char m_chCurrent = '\0';
   bool m_bRead = false;

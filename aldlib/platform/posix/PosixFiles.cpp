@@ -52,13 +52,10 @@ struct PosixFiles::State {
   explicit State(PathMapper& thePaths) : paths(thePaths) {}
 
   CString Native(const char* szPath) {
-    if (szPath == nullptr) return {};
-    const std::lock_guard guard(mutex);
-    return paths.Native(szPath);
+    return szPath != nullptr ? paths.Native(szPath) : CString();
   }
 
   PathMapper& paths;
-  std::mutex mutex;  // over the mapper, which keeps what it has read of folders
   FileTable<OpenFile> table;
 };
 
@@ -172,7 +169,8 @@ std::uint32_t PosixFiles::Open(const char* szPath, FileAccess eAccess, FileShari
   Opened opened;
   if (const std::uint32_t nError = OpenNamed(sNative, eAccess, eSharing, eDisposition, opened))
     return nError;
-  if (eDisposition == FileDisposition::CreateAlways && opened.status.st_size != 0 &&
+  // Whatever its size was when it was opened: others may have written until the sharing held.
+  if (eDisposition == FileDisposition::CreateAlways && S_ISREG(opened.status.st_mode) &&
       Uninterrupted([&] { return ::ftruncate(opened.descriptor.get(), 0); }) != 0) {
     return ClassicError(errno);
   }
@@ -233,8 +231,10 @@ std::uint32_t PosixFiles::OpenFile::ReadThrough(char* pBuffer, std::uint32_t nBy
     if (nStart < nAheadStart || nStart >= nAheadEnd) {
       std::uint32_t nAhead = 0;
       nAheadStart = nAheadEnd = nStart;
-      if (const std::uint32_t nError = ReadAt(pAhead.get(), kAhead, nStart, nAhead)) {
-        nMoved = 0;
+      if (ReadAt(pAhead.get(), kAhead, nStart, nAhead) != kNoSystemError) {
+        // Somebody may have locked bytes that come later and that nobody has asked for.
+        const std::uint32_t nError = ReadAt(pBuffer + nMoved, nBytes - nMoved, nStart, nAhead);
+        nMoved = nError == kNoSystemError ? nMoved + nAhead : 0;
         return nError;
       }
       if (nAhead == 0) break;
@@ -274,9 +274,11 @@ std::uint32_t PosixFiles::Write(FileHandle hFile, const void* pBuffer, std::uint
   if (!Writes(pFile->eAccess)) return kAccessDenied;
   const int nDescriptor = pFile->descriptor.get();
   std::unique_lock guard(pFile->mutex, std::defer_lock);
-  if (pFile->bPositions) guard.lock();  // a device may keep its writer waiting for its reader
+  if (pFile->bPositions) {  // a device may keep its writer waiting for its reader
+    guard.lock();
+    pFile->nAheadEnd = pFile->nAheadStart;
+  }
   if (pFile->bOthers && IsHeldByOther(nDescriptor, pFile->nPosition, nBytes)) return kLockViolation;
-  pFile->nAheadEnd = pFile->nAheadStart;
   const ssize_t nWritten = Uninterrupted([&] {
     return pFile->bPositions ? ::pwrite(nDescriptor, pBuffer, nBytes, pFile->nPosition)
                              : ::write(nDescriptor, pBuffer, nBytes);
@@ -355,12 +357,14 @@ std::uint32_t PosixFiles::Unlock(FileHandle hFile, std::int64_t nStart, std::int
   return kNoSystemError;
 }
 
-bool PosixFiles::IsNamed(FileHandle hFile, const char* szPath) {
+bool PosixFiles::IsNamed(FileHandle hFile, const char* szPath) try {
   const auto pFile = m_pState->table.Find(hFile);
   return pFile != nullptr && IsSameFile(pFile->descriptor.get(), m_pState->Native(szPath));
+} catch (const std::bad_alloc&) {
+  return false;
 }
 
-std::uint32_t PosixFiles::Delete(const char* szPath) {
+std::uint32_t PosixFiles::Delete(const char* szPath) try {
   const CString sNative = m_pState->Native(szPath);
   if (sNative.empty()) return kPathNotFound;
   struct stat status {};
@@ -373,9 +377,11 @@ std::uint32_t PosixFiles::Delete(const char* szPath) {
     if (const std::uint32_t nError = HoldToRemove(sNative, opened)) return nError;
   }
   return ::unlink(sNative.c_str()) == 0 ? std::uint32_t{kNoSystemError} : PathError(sNative, errno);
+} catch (const std::bad_alloc&) {
+  return kNotEnoughMemory;
 }
 
-std::uint32_t PosixFiles::Rename(const char* szFrom, const char* szTo) {
+std::uint32_t PosixFiles::Rename(const char* szFrom, const char* szTo) try {
   const CString sFrom = m_pState->Native(szFrom);
   CString sTo = m_pState->Native(szTo);
   if (sFrom.empty() || sTo.empty()) return kPathNotFound;
@@ -395,15 +401,19 @@ std::uint32_t PosixFiles::Rename(const char* szFrom, const char* szTo) {
   if (::lstat(sTo.c_str(), &status) == 0) return kFileExists;
   return ::rename(sFrom.c_str(), sTo.c_str()) == 0 ? std::uint32_t{kNoSystemError}
                                                    : PathError(sTo, errno);
+} catch (const std::bad_alloc&) {
+  return kNotEnoughMemory;
 }
 
-bool PosixFiles::Exists(const char* szPath) {
+bool PosixFiles::Exists(const char* szPath) try {
   const CString sNative = m_pState->Native(szPath);
   struct stat status {};
   return !sNative.empty() && ::stat(sNative.c_str(), &status) == 0;
+} catch (const std::bad_alloc&) {
+  return false;
 }
 
-std::uint32_t PosixFiles::MakeWritable(const char* szPath) {
+std::uint32_t PosixFiles::MakeWritable(const char* szPath) try {
   const CString sNative = m_pState->Native(szPath);
   if (sNative.empty()) return kPathNotFound;
   struct stat status {};
@@ -412,6 +422,8 @@ std::uint32_t PosixFiles::MakeWritable(const char* szPath) {
   return ::chmod(sNative.c_str(), (status.st_mode & 07777) | S_IWUSR) == 0
              ? std::uint32_t{kNoSystemError}
              : ClassicError(errno);
+} catch (const std::bad_alloc&) {
+  return kNotEnoughMemory;
 }
 
 std::size_t PosixFiles::OpenHandles() const {

@@ -15,6 +15,9 @@ class PathMapper;
 // system passes locks on. A file system that has no locks (Lock is kInvalidFunction there) opens
 // all that the system itself allows. Programs that do not use the library are not kept out.
 //
+// An open that lets nobody else write reads ahead of its caller: of a range locked after that it
+// may still give the bytes, which nobody can have changed.
+//
 // A file that nobody may write counts as read-only, for the administrator too. Devices and pipes
 // can be opened; nothing is shared or locked there.
 class ALDLIB_EXPORT PosixFiles : public Files {

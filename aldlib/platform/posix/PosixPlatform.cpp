@@ -38,7 +38,7 @@ struct Ports {
   PosixClock clock;
   PosixFiles files{paths};
   PosixVolumes volumes{paths};
-  ProcProcesses processes;
+  ProcProcesses processes{paths};
   PosixTerminal terminal;
   TerminalDesktop desktop{clock, terminal};
   Platform platform{resources, machine, locale,  profile,   registry,       product,

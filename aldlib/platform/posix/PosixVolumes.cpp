@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <utility>
 
 #include "aldlib/platform/Characters.h"
 #include "aldlib/platform/internal/FileMask.h"
@@ -118,8 +119,9 @@ CString PosixVolumes::Native(const char* szPath) {
 }
 
 bool PosixVolumes::IsDriveRoot(const CString& sNative) {
-  const CString sSpelled = sNative.starts_with('/') ? m_paths.Spelled(sNative) : CString();
-  return sSpelled.size() == 3;
+  if (sNative.starts_with('/')) return m_paths.Spelled(sNative).size() == 3;
+  // Below the current folder lies no root, unless it is one itself.
+  return sNative == "." && m_paths.CurrentFolder(m_paths.CurrentDrive()).size() == 3;
 }
 
 std::uint16_t PosixVolumes::CurrentDrive() try {
@@ -160,33 +162,34 @@ bool PosixVolumes::RemoveFolder(const char* szPath) try {
   return false;
 }
 
-SearchHandle PosixVolumes::StartSearch(const char* szMask, _finddata_t& record) try {
-  if (szMask == nullptr) return kNoSearch;
+// Fills the record with the first match, and the search with those behind it.
+bool PosixVolumes::Begin(const char* szMask, Search& search, _finddata_t& record) {
+  if (szMask == nullptr) return false;
   const PathEnd end = SplitPath(szMask);
-  if (end.sName.empty()) return kNoSearch;
+  if (end.sName.empty()) return false;
   if (!HasWildcards(end.sName)) {
     // One name needs no listing.
     const CString sNative = m_paths.Native(szMask);
     const std::string_view sName = NameOf(sNative);
-    if (sName.empty() || !FillRecord(AT_FDCWD, sNative.c_str(), record)) return kNoSearch;
+    if (sName.empty() || !FillRecord(AT_FDCWD, sNative.c_str(), record)) return false;
     FillName(sName, record);
-    const SearchHandle hSearch{++m_nLastSearch};
-    m_searches[hSearch];
-    return hSearch;
+    return true;
   }
   const CString sFolder = end.sFolder.empty() ? "." : m_paths.Native(end.sFolder);
-  if (sFolder.empty()) return kNoSearch;
-  const SearchHandle hSearch{++m_nLastSearch};
-  Search& search = m_searches[hSearch];
+  if (sFolder.empty()) return false;
   search.folder = Descriptor(::open(sFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (search.folder.IsOpen() && search.List(end.sName, IsDriveRoot(sFolder)) &&
-      search.Next(record)) {
-    return hSearch;
-  }
-  m_searches.erase(hSearch);
-  return kNoSearch;
+  return search.folder.IsOpen() && search.List(end.sName, IsDriveRoot(sFolder)) &&
+         search.Next(record);
+}
+
+SearchHandle PosixVolumes::StartSearch(const char* szMask, _finddata_t& record) try {
+  Search search;
+  if (!Begin(szMask, search, record)) return kNoSearch;
+  const SearchHandle hSearch{m_nLastSearch + 1};
+  m_searches.emplace(hSearch, std::move(search));
+  ++m_nLastSearch;
+  return hSearch;
 } catch (const std::bad_alloc&) {
-  EndSearch(SearchHandle{m_nLastSearch});
   return kNoSearch;
 }
 
@@ -200,10 +203,9 @@ void PosixVolumes::EndSearch(SearchHandle hSearch) {
 }
 
 bool PosixVolumes::LookUp(const char* szPath, FolderEntry& entry) try {
+  Search search;
   _finddata_t record;
-  const SearchHandle hSearch = StartSearch(szPath, record);
-  if (hSearch == kNoSearch) return false;
-  EndSearch(hSearch);
+  if (!Begin(szPath, search, record)) return false;
   entry = {record.name, {}};
   return true;
 } catch (const std::bad_alloc&) {

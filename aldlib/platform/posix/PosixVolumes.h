@@ -51,6 +51,7 @@ class ALDLIB_EXPORT PosixVolumes : public Volumes {
   };
 
   CString Native(const char* szPath);
+  bool Begin(const char* szMask, Search& search, _finddata_t& record);
   bool IsDriveRoot(const CString& sNative);
 
   PathMapper& m_paths;

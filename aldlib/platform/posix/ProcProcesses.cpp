@@ -13,6 +13,8 @@
 #include <string_view>
 #include <utility>
 
+#include "aldlib/platform/posix/PathMapper.h"
+
 namespace ald {
 namespace {
 
@@ -61,14 +63,6 @@ std::string_view WithoutDeleted(std::string_view sPath) {
   return sPath;
 }
 
-CString DrivePath(std::string_view sPath) {
-  CString sDrivePath;
-  sDrivePath.reserve(sPath.size() + 2);
-  sDrivePath.append("C:").append(sPath);
-  std::replace(sDrivePath.begin(), sDrivePath.end(), '/', '\\');
-  return sDrivePath;
-}
-
 // The path at the end of a line such as
 //   7f2a4000-7f2a9000 r-xp 00001000 08:01 1234   /usr/lib/libm.so.6
 // if the line is of a file and its memory may be executed; else an empty text.
@@ -88,7 +82,17 @@ std::string_view ExecutedFile(std::string_view sLine) {
 
 }  // namespace
 
-ProcProcesses::ProcProcesses(std::string sFolder) : m_sFolder(std::move(sFolder)) {}
+ProcProcesses::ProcProcesses(PathMapper& paths, std::string sFolder)
+    : m_paths(paths), m_sFolder(std::move(sFolder)) {}
+
+// What the drives have no spelling for is told on drive C, so that its file name can be found.
+CString ProcProcesses::DrivePath(std::string_view sPath) {
+  CString sDrivePath = m_paths.Spelled(sPath);
+  if (!sDrivePath.empty()) return sDrivePath;
+  sDrivePath.append("C:").append(sPath);
+  std::replace(sDrivePath.begin(), sDrivePath.end(), '/', '\\');
+  return sDrivePath;
+}
 
 std::uint32_t ProcProcesses::PlatformId() {
   return kPlatformLists;

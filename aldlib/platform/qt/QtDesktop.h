@@ -16,7 +16,7 @@ namespace ald {
 //   int main(int argc, char** argv) {
 //     ald::QtDesktop desktop(argc, argv);
 //     desktop.SetApplicationName("Ledger");
-//     ald::Platform platform{..., desktop.Ports()};
+//     const ald::Platform platform = ald::CurrentPlatform().WithDesktop(desktop.Ports());
 //     ald::MoveToPlatform(&platform);
 //     ... make the windows ...
 //     while (ald::MyGetMessage()) {
@@ -31,6 +31,10 @@ namespace ald {
 // already, so a host runs the library's message loop and not that of Qt. A key goes the road of
 // every message: the accelerators see it first, then the dialogs, then the control. So does a
 // request to close a window: it waits in the queue as kMessageClose until somebody handles it.
+//
+// Boxes and dialogs are laid out in dialog units of their real fonts, and a box breaks long lines.
+// An edit control has one line. What a program draws lies over what the control draws by itself,
+// and the colours that a parent answers for a control are those of its widget.
 //
 // It belongs to the thread that made it, which must be that of the QApplication.
 class ALDLIB_EXPORT QtDesktop {

@@ -51,6 +51,7 @@ class HeadlessPresenter : public Presenter {
   std::intptr_t Run(const Running& begun, WindowHandle hOwner, ModuleHandle hModule,
                     const DialogTemplate& dialog, DialogProcedure procedure, std::intptr_t nInit);
   Size TextUnits(const CString& sText);
+  void CenterOverOwner(WindowHandle hBox);
   WindowHandle Frame();
   void Serve(std::size_t nRun);
   void GiveUp(std::size_t nRun);
