@@ -193,7 +193,8 @@ void WriteChecksScreen::ShowBook() {
   ald::CFixedString<100> sFormat;
   ald::GetTheMessage(nullptr, ald::MessageByNumber(kTextBookHolds), sFormat);
   ald::CFixedString<100> sText;
-  const std::array<ald::MessageValue, 2> values = {cheques.size(), MoneyText(total)};
+  const ald::CFixedString<46> sTotal = MoneyText(total);
+  const std::array<ald::MessageValue, 2> values = {cheques.size(), sTotal};
   ald::FormatMessageText(sText, sFormat, values);
   ald::SetDlgItemTextWithTrim(m_hScreen, kBook, sText);
 }
