@@ -127,7 +127,8 @@ TEST_F(SettingsTest, InAFileThatIsNoStoreAreReportedAndLeftAlone) {
 
 TEST_F(SettingsTest, BringMessagesBackThatWereSwitchedOff) {
   EXPECT_THAT(RunAldtool("onetime list").sOutput, HasSubstr("shown  CLOSECOMPANYMSG\n"));
-  EXPECT_EQ(RunAldtool("prefs set 'One Time Messages' CLOSECOMPANYMSG yes --type yesno").nStatus, 0);
+  EXPECT_EQ(RunAldtool("prefs set 'One Time Messages' CLOSECOMPANYMSG yes --type yesno").nStatus,
+            0);
   EXPECT_THAT(RunAldtool("onetime list").sOutput, HasSubstr("off    CLOSECOMPANYMSG\n"));
   EXPECT_EQ(RunAldtool("onetime reset NeedIE5").nStatus, 2);
   EXPECT_EQ(RunAldtool("onetime reset CLOSECOMPANYMSG").nStatus, 0);
