@@ -152,7 +152,8 @@ int ALWMessageBoxEx(WindowHandle hOwner, CDynamicHeapFixedString& sText, int nHe
       0);
 
   PopHelpLevel();
-  if (pRecord != nullptr) pRecord->bInMessage = bWasInMessage;
+  // The record may have gone while the box was up.
+  if (pRecord != nullptr && MyAlderLibDataPtr == pRecord) pRecord->bInMessage = bWasInMessage;
   return static_cast<int>(nPressed);
 } catch (...) {
   return 0;

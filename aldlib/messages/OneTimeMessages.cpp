@@ -210,10 +210,12 @@ int Show(Which eMessage) {
   return Show(eMessage, [](Shown&) {});
 }
 
-void Mark(const char* szKey, bool bOff) {
+void Mark(const char* szKey, bool bOff) try {
+  if (szKey == nullptr) return;
   CALWMachineUserPreferences preferences;
   preferences.Open(PreferenceOpenMode::Write, PreferenceGroup::OneTimeMessages);
   preferences.SetValue(szKey, bOff);
+} catch (...) {
 }
 
 void Reset(Which eMessage) {
@@ -470,8 +472,9 @@ void ResetRegisterTaxServiceOneTimeMessage() {
   Mark(kRegisterTaxService, false);
 }
 
-void ResetAllOneTimeMessages() {
+void ResetAllOneTimeMessages() try {
   CALWMachineUserPreferences().RemoveGroup(PreferenceGroup::OneTimeMessages);
+} catch (...) {
 }
 
 void SetOnlineBankingWelcomeOneTimeMessage() {
@@ -507,12 +510,14 @@ const char* OneTimeMessageKey(std::size_t nMessage) {
   return nMessage < std::size(kOthers) ? kOthers[nMessage] : nullptr;
 }
 
-bool IsOneTimeMessageOff(const char* szKey) {
+bool IsOneTimeMessageOff(const char* szKey) try {
   CALWMachineUserPreferences preferences;
   preferences.Open(PreferenceOpenMode::Read, PreferenceGroup::OneTimeMessages);
   bool bOff = false;
   preferences.GetValue(szKey, false, bOff);
   return bOff;
+} catch (...) {
+  return false;
 }
 
 void ResetOneTimeMessage(const char* szKey) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "aldlib/messages/MessageDlg.h"
@@ -108,7 +109,7 @@ ALDLIB_EXPORT bool GetJobDefaultsOneTimeMessage();
 // The keys under which the library's own messages are remembered, in the order of their operations;
 // what is behind the last one is null.
 ALDLIB_EXPORT const char* OneTimeMessageKey(std::size_t nMessage);
-// Whether the message of that key is switched off.
+// Whether the message of that key is switched off; a null key never is, and resets nothing.
 ALDLIB_EXPORT bool IsOneTimeMessageOff(const char* szKey);
 ALDLIB_EXPORT void ResetOneTimeMessage(const char* szKey);
 

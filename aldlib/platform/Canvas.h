@@ -83,10 +83,16 @@ class ALDLIB_EXPORT Canvas {
                        std::uint32_t nTextBits) = 0;
 
   // Narrows drawing to the rectangle until the matching Restore brings back what held at Save:
-  // clipping, colours and tools.
+  // clipping, colours, tools and the way of y.
   virtual int Save(ContextHandle hContext) = 0;
   virtual bool Restore(ContextHandle hContext, int nSaved) = 0;
   virtual void Clip(ContextHandle hContext, const Rect& place) = 0;
+
+  // Has y count upward from the lower edge of what the context covers: a rectangle's top is then
+  // the greater number, and kTextCalculate sets a bottom below it. Heights stay positive. False
+  // counts downward from the upper edge again, as a context does at first. Save and Restore cover
+  // it. Returns what it was.
+  virtual bool SetUpward(ContextHandle hContext, bool bUpward) = 0;
 
   virtual Color SetTextColor(ContextHandle hContext, Color nColor) = 0;
   virtual Color SetBackgroundColor(ContextHandle hContext, Color nColor) = 0;

@@ -36,7 +36,8 @@ CDialog::CDialog(DialogTemplate dialog, CWnd* pParent)
 
 CDialog::~CDialog() = default;
 
-int CDialog::DoModal() {
+// No exception leaves: what there is no memory for is a dialog that cannot be made.
+int CDialog::DoModal() try {
   const WindowHandle hOwner = m_pParent != nullptr ? m_pParent->m_hWnd : WindowHandle{};
   const std::intptr_t nResult = CurrentPlatform().desktop.presenter.RunDialog(
       hOwner, ModuleHandle{}, m_template,
@@ -44,6 +45,8 @@ int CDialog::DoModal() {
              std::intptr_t nLong) { return Handle(hDialog, nMessage, nWord, nLong); },
       0);
   return static_cast<int>(nResult);
+} catch (...) {
+  return -1;
 }
 
 void CDialog::EndDialog(int nResult) {
@@ -83,8 +86,10 @@ void CDialog::OnDestroy() {}
 
 void CDialog::DoDataExchange(CDataExchange*) {}
 
+// An exception ends here, since the presenter's loop that the message came from must be left in
+// good order.
 std::intptr_t CDialog::Handle(WindowHandle hDialog, std::uint32_t nMessage, std::uint32_t nWord,
-                              std::intptr_t nLong) {
+                              std::intptr_t nLong) try {
   switch (nMessage) {
     case kMessageInitDialog:
       m_hWnd = hDialog;
@@ -100,6 +105,10 @@ std::intptr_t CDialog::Handle(WindowHandle hDialog, std::uint32_t nMessage, std:
     default:
       return 0;
   }
+} catch (...) {
+  if (nMessage == kMessageInitDialog) EndDialog(-1);
+  if (nMessage == kMessageDestroy) m_hWnd = {};
+  return 0;
 }
 
 }  // namespace ald

@@ -20,7 +20,8 @@ ALDLIB_EXPORT void DDX_Control(CDataExchange* pExchange, int nId, CWnd& control)
 ALDLIB_EXPORT void DDX_Text(CDataExchange* pExchange, int nId, CString& sText);
 
 // The framework's dialog: it is made from a template, runs until EndDialog, and hands its messages
-// to handlers that a class derived from it overrides.
+// to handlers that a class derived from it overrides. An exception of a handler leaves its message
+// unhandled, and the dialog unmade if that was OnInitDialog.
 class ALDLIB_EXPORT CDialog : public CWnd {
  public:
   // The parent may be null.

@@ -5,8 +5,8 @@
 #include "aldlib/platform/Export.h"
 #include "aldlib/platform/WindowTypes.h"
 
-// The fonts of screens and the room that texts take in them. Measures are pixels, 0 for a window,
-// context or font that does not exist.
+// The fonts of screens and the room that texts take in them. Measures are pixels, 0 for a window or
+// context that does not exist; for a font that does not, they are those of the font in use.
 namespace ald {
 
 // The average and the greatest width of a character of a font, measured on a context or on the

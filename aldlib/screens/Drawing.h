@@ -9,9 +9,10 @@
 // Text and edges drawn by screens and reports.
 namespace ald {
 
-// Draws a text in a rectangle of a context whose y grows upward, so its top is above its bottom,
-// and returns the y below the last line. nLength is -1 for the whole text. Measures are taken from
-// the measuring context; either of the two stands in for the other if that is 0.
+// Draws a text in a rectangle of a context whose y grows upward (Canvas::SetUpward), so its top is
+// the greater number, and returns the y below the last line. nLength is -1 for the whole text.
+// Measures are taken from the measuring context; either of the two stands in for the other if that
+// is 0.
 //
 // Lines end at a carriage return and line feed. A line that is too wide goes on in the next at a
 // blank, or inside a word that is too long. The flags are kText bits: kTextCenter, kTextRight,

@@ -84,8 +84,11 @@ void MergePopup(ModuleHandle hModule, MenuHandle hTarget, MenuHandle hSource, in
       menus.State(hSource, Position(nSource), kMenuByPosition) & kStateMask;
   int nPosition = FindMenuItemWithText(hTarget, sText.c_str());
   if (nPosition < 0) {
-    menus.Append(hTarget, nState | kMenuPopup, static_cast<std::uint32_t>(menus.CreatePopup()),
-                 sText);
+    const MenuHandle hNew = menus.CreatePopup();
+    if (!menus.Append(hTarget, nState | kMenuPopup, static_cast<std::uint32_t>(hNew), sText)) {
+      menus.DestroyMenu(hNew);
+      return;
+    }
     nPosition = FindMenuItemWithText(hTarget, sText.c_str());
     if (nPosition < 0) return;
   }

@@ -25,8 +25,9 @@ bool OfferOnTheWay(const WindowMessage& message) {
       queue.TranslateAccelerator(hMain, hAccelerator, message)) {
     return true;
   }
-  // The command of an accelerator may have changed the record and the table.
-  const WindowHandle hClient = MyAlderLibDataPtr->hMDIClient;
+  // What an accelerator set off may have changed the table, and the record or even its being there.
+  const WindowHandle hClient =
+      MyAlderLibDataPtr != nullptr ? MyAlderLibDataPtr->hMDIClient : WindowHandle{};
   if (hClient != WindowHandle{} && queue.TranslateMdiAccelerator(hClient, message)) return true;
   for (std::size_t i = 0; i < EntriesInUse(true).size(); ++i) {
     const WindowHandle hDialog = DataEntryManagerData.dialogTable[i].hWindow;

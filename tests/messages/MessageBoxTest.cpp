@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <new>
 #include <ostream>
+#include <utility>
 
 #include "aldlib/messages/MessageBoxEx.h"
 #include "aldlib/messages/MessageDlg.h"
@@ -269,6 +271,36 @@ TEST_F(Boxes, TheHelpButtonOfTheDialogOpensItsTopicAndPutsTheLevelBack) {
   ASSERT_EQ(m_desktop.OpenedTopics().size(), 1U);
   EXPECT_EQ(m_desktop.OpenedTopics()[0].nTopic, 20311U);
   EXPECT_EQ(GetHelpLevel(), 5);
+}
+
+// A host's own dialog with a handler that fails.
+class FailingDialog : public CAFMessageDlg {
+ public:
+  FailingDialog(CWnd* pParent, bool bAtOnce) : CAFMessageDlg(pParent), m_bAtOnce(bAtOnce) {}
+
+ protected:
+  int OnInitDialog() override {
+    if (m_bAtOnce) throw std::bad_alloc();
+    return CAFMessageDlg::OnInitDialog();
+  }
+  int OnCommand(std::uint32_t nWord, std::intptr_t nLong) override {
+    if (!std::exchange(m_bFailed, true)) throw std::bad_alloc();
+    return CAFMessageDlg::OnCommand(nWord, nLong);
+  }
+
+ private:
+  bool m_bAtOnce;
+  bool m_bFailed = false;
+};
+
+TEST_F(Boxes, AnExceptionOfAHandlerEndsThereAndLeavesTheOwnerUsable) {
+  CWnd owner;
+  owner.m_hWnd = m_ports.windows.Create({.sClass = "DIALOG"});
+  EXPECT_EQ(FailingDialog(&owner, true).DoModal(), -1);
+  EXPECT_TRUE(m_ports.windows.IsEnabled(owner.m_hWnd));
+  WillPress({1, 1});
+  EXPECT_EQ(FailingDialog(&owner, false).DoModal(), 1);
+  EXPECT_TRUE(m_ports.windows.IsEnabled(owner.m_hWnd));
 }
 
 TEST_F(Boxes, TheFocusReturnsToWhereItWas) {

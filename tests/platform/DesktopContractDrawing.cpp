@@ -62,6 +62,16 @@ TEST_P(DesktopContract, RestoresWhatHeldAtSave) {
   EXPECT_EQ(m_canvas.SetOpaque(hContext, true), bOpaque);
   EXPECT_FALSE(m_canvas.Restore(hContext, nSaved));
 
+  EXPECT_FALSE(m_canvas.SetUpward(hContext, false));
+  const int nDownward = m_canvas.Save(hContext);
+  m_canvas.SetUpward(hContext, true);
+  Rect place{0, 100, 1, 100};
+  const int nHeight = m_canvas.DrawText(hContext, "one\ntwo", place, kTextCalculate);
+  EXPECT_EQ(nHeight, 2 * m_canvas.Metrics(hContext).nHeight);
+  EXPECT_EQ(place.bottom, 100 - nHeight);
+  EXPECT_TRUE(m_canvas.Restore(hContext, nDownward));
+  EXPECT_FALSE(m_canvas.SetUpward(hContext, false));
+
   const PenHandle hPen = m_canvas.CreatePen(0x00808080);
   const PenHandle hFirst = m_canvas.SelectPen(hContext, hPen);
   EXPECT_EQ(m_canvas.SelectPen(hContext, hFirst), hPen);

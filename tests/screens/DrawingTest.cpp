@@ -64,6 +64,18 @@ TEST_F(Drawing, ClipsToTheRectangleOrOneUnitMore) {
   AllowLargeClip(false);
 }
 
+TEST_F(Drawing, OnAContextThatCountsUpwardTheFirstLineIsTheHighest) {
+  m_desktop.canvas.SetUpward(m_hContext, true);
+  const int nInside = m_windows.ClientRect(m_hScreen).bottom;
+  m_desktop.canvas.Clip(m_hContext, {0, nInside, 60, 0});
+  Draw("one two three", {5, nInside - 20, 70, 0}, 0);
+  const std::vector<DrawnItem>& drawn = m_headless.Drawn();
+  ASSERT_EQ(drawn.size(), 2U);
+  EXPECT_EQ(drawn[0].place.top, 20);
+  EXPECT_EQ(drawn[1].place.top, 33);
+  EXPECT_EQ(drawn[0].clip, (Rect{5, 20, 60, nInside}));
+}
+
 TEST_F(Drawing, TabsLeadToTheirStops) {
   constexpr int kStops[] = {50, 90};
   const auto lefts = [&](const char* szText, const int* pnTabs) {

@@ -144,25 +144,27 @@ int HeadlessCanvas::DrawText(ContextHandle hContext, std::string_view sText, Rec
   };
   const std::vector<CString> lines = LinesOf(sText, nTextBits, std::max(0, place.Width()), widthOf);
   const std::int32_t nHeight = static_cast<std::int32_t>(lines.size()) * metrics.nHeight;
+  const bool bUpward = pContext->tools.bUpward;
   if ((nTextBits & kTextCalculate) != 0) {
     std::int32_t nWidest = 0;
     for (const CString& sLine : lines) nWidest = std::max(nWidest, widthOf(sLine));
     place.right = place.left + nWidest;
-    place.bottom = place.top + nHeight;
+    place.bottom = bUpward ? place.top - nHeight : place.top + nHeight;
     return nHeight;
   }
 
-  std::int32_t y = place.top;
+  const Rect room = Downward(*pContext, place);
+  std::int32_t y = room.top;
   if ((nTextBits & kTextSingleLine) != 0) {
     if ((nTextBits & kTextBottom) != 0) {
-      y = place.bottom - nHeight;
+      y = room.bottom - nHeight;
     } else if ((nTextBits & kTextVCenter) != 0) {
-      y += (place.Height() - nHeight) / 2;
+      y += (room.Height() - nHeight) / 2;
     }
   }
   for (const CString& sLine : lines) {
-    const std::int32_t nSpare = place.Width() - widthOf(sLine);
-    std::int32_t x = place.left;
+    const std::int32_t nSpare = room.Width() - widthOf(sLine);
+    std::int32_t x = room.left;
     if ((nTextBits & kTextRight) != 0) {
       x += nSpare;
     } else if ((nTextBits & kTextCenter) != 0) {
@@ -176,12 +178,20 @@ int HeadlessCanvas::DrawText(ContextHandle hContext, std::string_view sText, Rec
     item.bOpaque = pContext->tools.bOpaque;
     item.hFont = pContext->tools.hFont;
     if ((nTextBits & kTextNoClip) == 0) {
-      item.clip = item.clip ? Intersection(*item.clip, place) : place;
+      item.clip = item.clip ? Intersection(*item.clip, room) : room;
     }
     Note(std::move(item));
     y += metrics.nHeight;
   }
-  return y - place.top;
+  return y - room.top;
+}
+
+Rect HeadlessCanvas::Downward(const DeviceContext& context, const Rect& place) const {
+  if (!context.tools.bUpward) return place;
+  const std::int32_t nLowerEdge = context.hWindow != WindowHandle{}
+                                      ? m_parts.windows.ClientRect(context.hWindow).bottom
+                                      : m_parts.windows.Metric(kMetricScreenHeight);
+  return {place.left, nLowerEdge - place.top, place.right, nLowerEdge - place.bottom};
 }
 
 DrawnItem HeadlessCanvas::NewItem(DrawnItem::Kind kind, const DeviceContext& context,
@@ -222,7 +232,13 @@ void HeadlessCanvas::Clip(ContextHandle hContext, const Rect& place) {
   DeviceContext* const pContext = m_contexts.Find(hContext);
   if (pContext == nullptr) return;
   std::optional<Rect>& clip = pContext->tools.clip;
-  clip = clip ? Intersection(*clip, place) : place;
+  const Rect part = Downward(*pContext, place);
+  clip = clip ? Intersection(*clip, part) : part;
+}
+
+bool HeadlessCanvas::SetUpward(ContextHandle hContext, bool bUpward) {
+  DeviceContext* const pContext = m_contexts.Find(hContext);
+  return pContext != nullptr && std::exchange(pContext->tools.bUpward, bUpward);
 }
 
 Color HeadlessCanvas::SetTextColor(ContextHandle hContext, Color nColor) {
@@ -259,7 +275,8 @@ PenHandle HeadlessCanvas::SelectPen(ContextHandle hContext, PenHandle hPen) {
 bool HeadlessCanvas::Line(ContextHandle hContext, Point from, Point to) {
   const DeviceContext* const pContext = m_contexts.Find(hContext);
   if (pContext == nullptr) return false;
-  DrawnItem item = NewItem(DrawnItem::Kind::kLine, *pContext, {from.x, from.y, to.x, to.y});
+  DrawnItem item =
+      NewItem(DrawnItem::Kind::kLine, *pContext, Downward(*pContext, {from.x, from.y, to.x, to.y}));
   const Color* const pColor = m_pens.Find(pContext->tools.hPen);
   item.nColor = pColor != nullptr ? *pColor : 0;
   Note(std::move(item));
@@ -290,7 +307,7 @@ bool HeadlessCanvas::Fill(ContextHandle hContext, const Rect& place, BrushHandle
   const DeviceContext* const pContext = m_contexts.Find(hContext);
   const Color* const pColor = m_brushes.Find(hBrush);
   if (pContext == nullptr || pColor == nullptr) return false;
-  DrawnItem item = NewItem(DrawnItem::Kind::kFill, *pContext, place);
+  DrawnItem item = NewItem(DrawnItem::Kind::kFill, *pContext, Downward(*pContext, place));
   item.nColor = *pColor;
   Note(std::move(item));
   return true;
@@ -307,6 +324,7 @@ bool HeadlessCanvas::DrawIcon(ContextHandle hContext, Point at, IconHandle hIcon
       hIcon == IconHandle{}) {
     return false;
   }
+  at.y = Downward(*pContext, {at.x, at.y, at.x, at.y}).top;
   DrawnItem item = NewItem(DrawnItem::Kind::kIcon, *pContext,
                            {at.x, at.y, at.x + kHeadlessIcon.cx, at.y + kHeadlessIcon.cy});
   item.hIcon = hIcon;

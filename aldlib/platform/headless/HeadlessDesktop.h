@@ -40,7 +40,7 @@ struct ShownBox {
   int nAnswer;              // the button; 0 while the box is up
 };
 
-// One thing that was drawn, in the terms of its window's inside.
+// One thing that was drawn, in the terms of its window's inside, y downward.
 struct DrawnItem {
   enum class Kind : std::uint8_t { kText, kLine, kFill, kIcon };
 

@@ -34,6 +34,7 @@ class HeadlessCanvas : public Canvas {
   int Save(ContextHandle hContext) override;
   bool Restore(ContextHandle hContext, int nSaved) override;
   void Clip(ContextHandle hContext, const Rect& place) override;
+  bool SetUpward(ContextHandle hContext, bool bUpward) override;
   Color SetTextColor(ContextHandle hContext, Color nColor) override;
   Color SetBackgroundColor(ContextHandle hContext, Color nColor) override;
   bool SetOpaque(ContextHandle hContext, bool bOpaque) override;
@@ -69,7 +70,8 @@ class HeadlessCanvas : public Canvas {
     Color nText = 0x00000000;
     Color nBackground = 0x00FFFFFF;
     bool bOpaque = true;
-    std::optional<Rect> clip;
+    bool bUpward = false;
+    std::optional<Rect> clip;  // y downward, whatever the context counts
   };
   struct DeviceContext {
     WindowHandle hWindow{};
@@ -77,6 +79,10 @@ class HeadlessCanvas : public Canvas {
     std::vector<Tools> saved;
   };
 
+  // A place with y downward.
+  Rect Downward(const DeviceContext& context, const Rect& place) const;
+
+  // The place has y downward.
   DrawnItem NewItem(DrawnItem::Kind kind, const DeviceContext& context, const Rect& place) const;
 
   std::int32_t WidthOf(FontHandle hFont, std::string_view sText);
