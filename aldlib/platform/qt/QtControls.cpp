@@ -216,6 +216,10 @@ QWidget* QtView::NewControl(WindowHandle hWindow, const HeadlessWindow& window, 
     }
     case WindowKind::kList: {
       auto* const pList = new QListWidget(pParent);
+      connect(pList, &QListWidget::itemPressed, this, [this, hWindow, pList] {
+        // The focus has made a row current that nobody chose: a click on it is no change to Qt.
+        if (m_ports.controls.Selection(hWindow) == -1) m_input.Choose(hWindow, pList->currentRow());
+      });
       connect(pList, &QListWidget::currentRowChanged, this, [this, hWindow](int nRow) {
         if (!m_bShowing) m_input.Choose(hWindow, nRow);
       });

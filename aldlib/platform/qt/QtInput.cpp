@@ -56,6 +56,8 @@ bool QtView::eventFilter(QObject* pObject, QEvent* pEvent) {
   const bool bOuter = m_handles.contains(pWidget) && OuterOf(hWindow) == pWidget;
   switch (type) {
     case QEvent::KeyPress:
+      // What closes a list that is down goes on to its window, when no popup is there any more.
+      if (pWidget->window()->windowType() == Qt::Popup) return false;
       return FilterKey(hWindow, static_cast<QKeyEvent&>(*pEvent));
     case QEvent::ShortcutOverride:
       return FilterShortcut(hWindow, static_cast<QKeyEvent&>(*pEvent));
