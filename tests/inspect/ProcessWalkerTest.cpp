@@ -1,10 +1,10 @@
 #include "aldlib/inspect/ProcessWalker.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -328,9 +328,8 @@ TEST_F(ProcProcessesTest, ReadsEveryKindOfMappingAndSkipsProcessesWithoutAProgra
   std::uint32_t aIds[8];
   std::size_t nCount = 0;
   ASSERT_TRUE(processes.EnumerateProcesses(aIds, nCount));
-  std::sort(aIds, aIds + nCount);
-  EXPECT_EQ(std::vector<std::uint32_t>(aIds, aIds + nCount),
-            (std::vector<std::uint32_t>{10, 20, 30}));
+  EXPECT_THAT(std::vector<std::uint32_t>(aIds, aIds + nCount),
+              testing::UnorderedElementsAre(10, 20, 30));
   ASSERT_TRUE(processes.EnumerateProcesses(std::span(aIds, 2), nCount));
   EXPECT_EQ(nCount, 2u);
 
