@@ -143,18 +143,18 @@ void AddCases(CHarness& harness, const Folder& folder, PathMapper& paths) {
   add("search", "all names", "aldlib", kNames, kNames, [=] { return OurSearch(sMask + "*.*"); });
   add("search", "all names", "readdir and stat", kNames, kNames,
       [&] { return PlainSearch(folder.sPath, nullptr); });
-  harness.Want("search", "all names", "readdir and stat", 0.7, 0.9);
+  harness.Want("search", "all names", "readdir and stat", 0.7, 1);
 
   add("search", "*.TMP", "aldlib", kNames, kTemps, [=] { return OurSearch(sMask + "*.TMP"); });
   add("search", "*.TMP", "readdir and stat", kNames, kTemps,
       [&] { return PlainSearch(folder.sPath, "*.TMP"); });
-  harness.Want("search", "*.TMP", "readdir and stat", 0.9, 1.1);
+  harness.Want("search", "*.TMP", "readdir and stat", 1, 1.5);
 
   const std::size_t nAsked = folder.exact.size();
   add("open", "exact name", "aldlib", nAsked, nAsked,
       [&] { return OpenMapped(paths, folder.spelled); });
   add("open", "exact name", "open", nAsked, nAsked, [&] { return OpenPlain(folder.exact); });
-  harness.Want("open", "exact name", "open", 0.35, 0.5);
+  harness.Want("open", "exact name", "open", 0.5, 0.7);
 
   add("open", "other case", "aldlib", nAsked, nAsked,
       [&] { return OpenMapped(paths, folder.other); });
@@ -162,13 +162,13 @@ void AddCases(CHarness& harness, const Folder& folder, PathMapper& paths) {
   constexpr std::size_t kScans = 4;
   add("open", "other case", "readdir and open", kScans, kScans,
       [&] { return OpenByScan(folder.sPath, folder.other, kScans); });
-  harness.Want("open", "other case", "open", 0.15, 0.25);
+  harness.Want("open", "other case", "open", 0.25, 0.5);
   harness.Want("open", "other case", "readdir and open", 100, 500);
 
   add("open", "missing name", "aldlib", nAsked, 0,
       [&] { return OpenMapped(paths, folder.missing); });
   add("open", "missing name", "open", nAsked, 0, [&] { return OpenPlain(folder.missing); });
-  harness.Want("open", "missing name", "open", 0.1, 0.2);
+  harness.Want("open", "missing name", "open", 0.1, 0.3);
 }
 
 }  // namespace ald::bench
