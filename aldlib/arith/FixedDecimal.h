@@ -453,6 +453,7 @@ class ALDLIB_EXPORT CFixedDecimal<23, 9> {
   CFixedDecimal& StoreProduct(const CFixedDecimal& other);
   CFixedDecimal& StoreLargeProduct(const CFixedDecimal& other);
   CFixedDecimal& StoreQuotient(const CFixedDecimal& other);
+  CFixedDecimal& StoreRareQuotient(std::uint64_t nQuotient, const CFixedDecimal& other);
   CFixedDecimal& StoreLargeQuotient(const CFixedDecimal& other);
   static int CompareLastDigits(const CFixedDecimal& a, const CFixedDecimal& b);
   void SetToOverflow(bool bNegative, std::uint64_t nMagnitude);

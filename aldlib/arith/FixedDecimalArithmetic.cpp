@@ -184,11 +184,24 @@ CDecimal& CDecimal::op_Divide(const CDecimal& other) {
   if (RegistryExists() || !packed::HavePlainSigns(a, b)) [[unlikely]]
     return DivideByDigits(other);
   if (!AreCents(a, b)) return StoreQuotient(other);
-  const auto [nLeft, nRight] = BinaryOfHighs(m_aBytes, other.m_aBytes);
-  constexpr std::uint64_t kMostCents = (~std::uint64_t{0} - 5) / kTenTo10;
-  if (nLeft > kMostCents || nRight == 0) [[unlikely]]
+  const auto [left, right] = packed::EightsOfHighs(m_aBytes, other.m_aBytes);
+  const std::uint64_t nDivisor = right.Joined();
+  // Below 18,000,000.00 the dividend with ten decimals more fits a word.
+  if (left.nUpper > 17 || nDivisor == 0) [[unlikely]]
     return StoreQuotient(other);
-  if (!StoreDecimals(nLeft * kTenTo10 / nRight, SignOfProduct(a, b), m_aBytes)) [[unlikely]]
+  const std::uint64_t nQuotient = (left.nUpper * kTenTo18 + left.nLower * kTenTo10) / nDivisor;
+  const std::uint64_t nRounded = nQuotient + 5;
+  if (nRounded - 10 >= kTenTo16 - 10) [[unlikely]]
+    return StoreRareQuotient(nQuotient, other);
+  const std::uint64_t nUpper = nRounded / kTenTo8;
+  packed::StoreDigits(0, nUpper, nRounded - nUpper * kTenTo8, SignOfProduct(a, b), m_aBytes);
+  return MarkGood();
+}
+
+// Of amounts: a million and more, which has over sixteen digits with its ten decimals; or zero.
+[[gnu::noinline]] CDecimal& CDecimal::StoreRareQuotient(std::uint64_t nQuotient,
+                                                        const CDecimal& other) {
+  if (!StoreDecimals(nQuotient, SignOfProduct(m_aBytes, other.m_aBytes), m_aBytes))
     return DivideByDigits(other);
   return MarkGood();
 }

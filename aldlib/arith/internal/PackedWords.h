@@ -256,22 +256,16 @@ namespace internal {
 // Both halves hold sixteen digits as they stand in memory, the highest in the lowest byte; each
 // four bytes become the number of eight digits that they spell.
 [[gnu::always_inline]] inline __m128i EightDigitsEach(__m128i digits) {
-  // A byte of two nibbles, 16h + l, less a quarter and an eighth of 16h, counts tens.
+  // A byte of two nibbles, 16h + l, less three eighths of 16h, counts tens.
   const __m128i sixteens = _mm_and_si128(digits, _mm_set1_epi8(static_cast<char>(0xF0)));
+  const __m128i twos = _mm_srli_epi16(sixteens, 3);
   const __m128i hundreds =  // bytes 0 to 99
-      _mm_sub_epi8(_mm_sub_epi8(digits, _mm_srli_epi16(sixteens, 2)), _mm_srli_epi16(sixteens, 3));
+      _mm_sub_epi8(_mm_sub_epi8(digits, twos), _mm_add_epi8(twos, twos));
   const __m128i thousands =  // 16 bits, 0 to 9999
       _mm_add_epi16(_mm_mullo_epi16(_mm_and_si128(hundreds, _mm_set1_epi16(0xFF)),
                                     Opaque(_mm_set1_epi16(100))),
                     _mm_srli_epi16(hundreds, 8));
   return _mm_madd_epi16(thousands, _mm_set1_epi32(1 << 16 | 10000));
-}
-
-// Each half becomes the number that its sixteen digits spell.
-[[gnu::always_inline]] inline __m128i SixteenDigitsEach(__m128i digits) {
-  const __m128i millions = EightDigitsEach(digits);
-  return _mm_add_epi64(_mm_mul_epu32(millions, _mm_set1_epi64x(100'000'000)),
-                       _mm_srli_epi64(millions, 32));
 }
 
 [[gnu::always_inline]] inline std::uint64_t LowerHalf(__m128i value) {
@@ -291,35 +285,70 @@ struct Pair {
   std::uint64_t nSecond;
 };
 
-// The numbers that two words of sixteen digits spell.
-[[gnu::always_inline]] inline Pair BinaryOf(std::uint64_t nFirst, std::uint64_t nSecond) {
+// Sixteen digits as two numbers of eight.
+struct Eights {
+  std::uint64_t nUpper;
+  std::uint64_t nLower;
+
+  [[gnu::always_inline]] std::uint64_t Joined() const { return nUpper * 100'000'000 + nLower; }
+};
+struct EightsPair {
+  Eights first;
+  Eights second;
+};
+
+namespace internal {
+
+#if ALDLIB_PACKED_SSE2
+// As EightDigitsEach takes them.
+[[gnu::always_inline]] inline EightsPair EightsOfHalves(__m128i first, __m128i second) {
+  const __m128i numbers = EightDigitsEach(_mm_unpacklo_epi64(first, second));
+  const std::uint64_t nFirst = LowerHalf(numbers);
+  const std::uint64_t nSecond = UpperHalf(numbers);
+  return {{nFirst & 0xFFFFFFFF, nFirst >> 32}, {nSecond & 0xFFFFFFFF, nSecond >> 32}};
+}
+#endif
+
+// Of two words of sixteen digits.
+[[gnu::always_inline]] inline EightsPair EightsOf(std::uint64_t nFirst, std::uint64_t nSecond) {
 #if ALDLIB_PACKED_SSE2
   const auto half = [](std::uint64_t n) {
     return _mm_cvtsi64_si128(static_cast<long long>(__builtin_bswap64(n)));
   };
-  const __m128i numbers =
-      internal::SixteenDigitsEach(_mm_unpacklo_epi64(half(nFirst), half(nSecond)));
-  return {internal::LowerHalf(numbers), internal::UpperHalf(numbers)};
+  return EightsOfHalves(half(nFirst), half(nSecond));
 #else
   const auto convert = [](std::uint64_t n) {
-    n = internal::EightDigitsTwice(n);
-    return (n >> 32) * 100'000'000 + (n & 0xFFFFFFFF);
+    n = EightDigitsTwice(n);
+    return Eights{n >> 32, n & 0xFFFFFFFF};
   };
   return {convert(nFirst), convert(nSecond)};
 #endif
 }
 
-// The numbers that the sixteen upper digits of two values spell.
-[[gnu::always_inline]] inline Pair BinaryOfHighs(const Bytes& a, const Bytes& b) {
+}  // namespace internal
+
+// What the sixteen upper digits of two values spell.
+[[gnu::always_inline]] inline EightsPair EightsOfHighs(const Bytes& a, const Bytes& b) {
 #if ALDLIB_PACKED_SSE2
   const auto half = [](const Bytes& bytes) {
     return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(bytes.data()));
   };
-  const __m128i numbers = internal::SixteenDigitsEach(_mm_unpacklo_epi64(half(a), half(b)));
-  return {internal::LowerHalf(numbers), internal::UpperHalf(numbers)};
+  return internal::EightsOfHalves(half(a), half(b));
 #else
-  return BinaryOf(Load(a).nHigh, Load(b).nHigh);
+  return internal::EightsOf(Load(a).nHigh, Load(b).nHigh);
 #endif
+}
+
+// The same, each as one number.
+[[gnu::always_inline]] inline Pair BinaryOfHighs(const Bytes& a, const Bytes& b) {
+  const EightsPair eights = EightsOfHighs(a, b);
+  return {eights.first.Joined(), eights.second.Joined()};
+}
+
+// The numbers that two words of sixteen digits spell.
+[[gnu::always_inline]] inline Pair BinaryOf(std::uint64_t nFirst, std::uint64_t nSecond) {
+  const EightsPair eights = internal::EightsOf(nFirst, nSecond);
+  return {eights.first.Joined(), eights.second.Joined()};
 }
 
 // Those that the low words spell, ten times what their seven digits count.
@@ -353,7 +382,6 @@ struct Pair {
                                                std::uint64_t nLow, std::uint64_t nSign,
                                                Bytes& bytes) {
 #if ALDLIB_PACKED_SSE2
-  using internal::Opaque;
   const auto half = [](std::uint64_t n) { return _mm_cvtsi64_si128(static_cast<long long>(n)); };
   // FoursOf of both, and the top beside the low one.
   const __m128i numbers = _mm_unpacklo_epi64(half(nLow), half(nMiddle));
@@ -363,19 +391,22 @@ struct Pair {
   const __m128i fours =
       _mm_shuffle_epi32(_mm_or_si128(both, half(nTopFours << 32)), _MM_SHUFFLE(3, 0, 2, 1));
   // Of 1000a + 100b + 10c + d: c and d become the upper byte, which memory has last, a and b the
-  // lower one. The very last digit weighs nothing.
+  // lower one. The very last digit weighs nothing. Nothing weighs anything in the two numbers that
+  // are not stored, so that no vector of weights is the same number eight times, which the compiler
+  // would build from shifts.
   const __m128i tens = _mm_mulhi_epu16(fours, _mm_set1_epi16(6554));
-  const __m128i hundreds = _mm_srli_epi16(_mm_mulhi_epu16(fours, _mm_set1_epi16(5243)), 3);
-  const __m128i thousands = _mm_srli_epi16(_mm_mulhi_epu16(fours, _mm_set1_epi16(8389)), 7);
+  const __m128i hundreds = _mm_mulhi_epu16(tens, _mm_set1_epi16(6554));
+  const __m128i thousands = _mm_mulhi_epu16(tens, _mm_set1_epi16(656));
   const __m128i digits = _mm_add_epi16(
       _mm_add_epi16(
-          _mm_mullo_epi16(fours, Opaque(_mm_setr_epi16(256, 256, 256, 256, 256, 0, 0, 0))),
-          _mm_mullo_epi16(tens, Opaque(_mm_setr_epi16(1536, 1536, 1536, 1536, 1536, 4096, 0, 0)))),
-      _mm_add_epi16(_mm_mullo_epi16(hundreds, Opaque(_mm_set1_epi16(24577))),
-                    _mm_mullo_epi16(thousands, Opaque(_mm_set1_epi16(6)))));
+          _mm_mullo_epi16(fours, _mm_setr_epi16(256, 256, 256, 256, 256, 0, 0, 0)),
+          _mm_mullo_epi16(tens, _mm_setr_epi16(1536, 1536, 1536, 1536, 1536, 4096, 0, 0))),
+      _mm_add_epi16(
+          _mm_mullo_epi16(hundreds, _mm_setr_epi16(24577, 24577, 24577, 24577, 24577, 24577, 0, 0)),
+          _mm_mullo_epi16(thousands, _mm_setr_epi16(6, 6, 6, 6, 6, 6, 0, 0))));
   _mm_storel_epi64(reinterpret_cast<__m128i*>(bytes.data()), digits);
-  const auto nLast = static_cast<std::uint32_t>(internal::UpperHalf(digits) | nSign << 24);
-  std::memcpy(bytes.data() + 8, &nLast, 4);
+  const __m128i sign = _mm_cvtsi32_si128(static_cast<int>(nSign << 24));
+  _mm_storeu_si32(bytes.data() + 8, _mm_or_si128(_mm_shuffle_epi32(digits, 0xEE), sign));
 #else
   const auto convert = [](std::uint64_t n) {  // two numbers of four digits
     constexpr std::uint64_t kLowByte = 0x000000FF000000FF;
