@@ -449,7 +449,7 @@ class ALDLIB_EXPORT CFixedDecimal<23, 9> {
   template <bool bSubtract>
   CFixedDecimal& StoreSumOfCents(packed::Words a, packed::Words b, const CFixedDecimal& other);
   template <bool bSubtract>
-  CFixedDecimal& StoreSum(packed::Words a, packed::Words b, const CFixedDecimal& other);
+  [[gnu::visibility("hidden")]] CFixedDecimal& StoreSum(const CFixedDecimal& other);
   CFixedDecimal& StoreProduct(const CFixedDecimal& other);
   CFixedDecimal& StoreLargeProduct(const CFixedDecimal& other);
   CFixedDecimal& StoreQuotient(const CFixedDecimal& other);

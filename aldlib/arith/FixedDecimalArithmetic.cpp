@@ -50,7 +50,10 @@ constinit std::uint64_t g_nUnlikeSums = 0;
 
 // Apart from the road of cents, so that that one saves no registers.
 template <bool bSubtract>
-[[gnu::noinline]] CDecimal& CDecimal::StoreSum(Words a, Words b, const CDecimal& other) {
+[[gnu::noinline]] CDecimal& CDecimal::StoreSum(const CDecimal& other) {
+  Words a = packed::Load(m_aBytes);
+  Words b = packed::Load(other.m_aBytes);
+  if constexpr (bSubtract) b.nLow ^= packed::kPlusBit;
   if (packed::AddWords(a, b)) [[unlikely]] {
     return bSubtract ? SubtractByDigits(other) : AddByDigits(other);
   }
@@ -81,7 +84,7 @@ CDecimal& CDecimal::op_Add(const CDecimal& other) {
   const Words b = packed::Load(other.m_aBytes);
   if (RegistryExists() || !packed::HavePlainSigns(a, b)) [[unlikely]]
     return AddByDigits(other);
-  return AreCents(a, b) ? StoreSumOfCents<false>(a, b, other) : StoreSum<false>(a, b, other);
+  return AreCents(a, b) ? StoreSumOfCents<false>(a, b, other) : StoreSum<false>(other);
 }
 
 // As the sum with the opposite, whose sign differs in one bit.
@@ -91,7 +94,7 @@ CDecimal& CDecimal::op_Subtract(const CDecimal& other) {
   if (RegistryExists() || !packed::HavePlainSigns(a, b)) [[unlikely]]
     return SubtractByDigits(other);
   b.nLow ^= packed::kPlusBit;
-  return AreCents(a, b) ? StoreSumOfCents<true>(a, b, other) : StoreSum<true>(a, b, other);
+  return AreCents(a, b) ? StoreSumOfCents<true>(a, b, other) : StoreSum<true>(other);
 }
 
 CDecimal& CDecimal::op_Multiply(const CDecimal& other) {

@@ -123,19 +123,16 @@ struct DigitSum {
       : bCarry(AddWithCarry(bCarryIn, a, b, nSum)), m_nEqual(Ready(~(a ^ b))) {}
 
   // A digit that did not carry gives its 6 back.
-  [[gnu::always_inline]] std::uint64_t Digits() const {
-    return DigitsBelow(std::uint64_t{!bCarry} * 6 << 60);
-  }
+  [[gnu::always_inline]] std::uint64_t Digits() const { return DigitsWith(!bCarry); }
   // The same where it is known that the top digit did not carry.
-  [[gnu::always_inline]] std::uint64_t DigitsWithoutCarry() const {
-    return DigitsBelow(std::uint64_t{6} << 60);
-  }
+  [[gnu::always_inline]] std::uint64_t DigitsWithoutCarry() const { return DigitsWith(1); }
 
  private:
-  [[gnu::always_inline]] std::uint64_t DigitsBelow(std::uint64_t nTop) const {
-    // Nothing came into the digit above: there the sum is what its terms make without a carry.
-    const std::uint64_t nKept = (nSum ^ m_nEqual) & (kUnits - 1);
-    return (nSum - nTop) - (nKept >> 2 | nKept >> 3);
+  [[gnu::always_inline]] std::uint64_t DigitsWith(std::uint64_t nTopKept) const {
+    // Nothing came into the digit above: there the sum is what its terms make without a carry. Of
+    // the top digit, above which there is none, bit 0 tells; the rotation brings it round.
+    const std::uint64_t nKept = ((nSum ^ m_nEqual) & (kUnits - 1)) | nTopKept;
+    return nSum - (std::rotr(nKept, 2) | std::rotr(nKept, 3));
   }
   // Has the value at hand before the sum is: the compiler would rather begin with the sum.
   [[gnu::always_inline]] static std::uint64_t Ready(std::uint64_t n) {
@@ -143,6 +140,24 @@ struct DigitSum {
     return n;
   }
 
+  std::uint64_t m_nEqual;
+};
+
+// The same of the seven digits of two low words, which stay where they are, without their signs:
+// what digit 6 carries is bit 32, and a 1 comes in below digit 0.
+struct LowDigitSum {
+  std::uint64_t nSum;
+
+  [[gnu::always_inline]] LowDigitSum(std::uint64_t nCarryIn, std::uint64_t a, std::uint64_t b)
+      : nSum(a + b + (nCarryIn << 4)), m_nEqual(~(a ^ b)) {}
+
+  [[gnu::always_inline]] bool Carries() const { return nSum >> 32 != 0; }
+  [[gnu::always_inline]] std::uint64_t Digits() const {
+    const std::uint64_t nKept = (nSum ^ m_nEqual) & 0x111111100;
+    return (nSum - (nKept >> 2 | nKept >> 3)) & kLowDigits;
+  }
+
+ private:
   std::uint64_t m_nEqual;
 };
 
@@ -170,22 +185,19 @@ struct DigitSum {
 
 // Of any two values.
 [[gnu::always_inline]] inline bool AddWords(Words& a, Words b) {
-  // Digit 0 stands at bit 36 of the low word here, so that what digit 6 carries is the carry of the
-  // word; below it a complement has ones, which hand the incoming 1 on.
-  const std::uint64_t nLow = a.nLow >> 4 << 36;
-  const std::uint64_t nOtherLow = b.nLow >> 4 << 36;
   const std::uint64_t nUnlikeSigns = a.nLow ^ b.nLow;
   const std::uint64_t nUnlikeBit = nUnlikeSigns >> 1 & 1;
   const std::uint64_t nLike = nUnlikeBit - 1;
   const std::uint64_t nSmaller =
-      0 - std::uint64_t{(UInt128{a.nHigh} << 64 | nLow) < (UInt128{b.nHigh} << 64 | nOtherLow)};
+      0 - std::uint64_t{(UInt128{a.nHigh} << 64 | a.nLow) < (UInt128{b.nHigh} << 64 | b.nLow)};
   const std::uint64_t nComplement = nSmaller & ~nLike;
   const std::uint64_t nOtherComplement = nComplement ^ ~nLike;
   const std::uint64_t nSixes = 6 * kUnits & nLike;
-  const DigitSum low(nUnlikeBit != 0, nLow ^ nComplement, (nOtherLow ^ nOtherComplement) + nSixes);
-  const DigitSum high(low.bCarry, a.nHigh ^ nComplement, (b.nHigh ^ nOtherComplement) + nSixes);
+  const LowDigitSum low(nUnlikeBit, (a.nLow ^ nComplement) & kLowDigits,
+                        ((b.nLow ^ nOtherComplement) & kLowDigits) + (nSixes & kLowDigits));
+  const DigitSum high(low.Carries(), a.nHigh ^ nComplement, (b.nHigh ^ nOtherComplement) + nSixes);
   a.nHigh = high.Digits();
-  const std::uint64_t nLowDigits = low.Digits() >> 36 << 4;
+  const std::uint64_t nLowDigits = low.Digits();
   const std::uint64_t nSign = (a.nLow ^ (nUnlikeSigns & nSmaller)) & kSignMask;
   a.nLow = nLowDigits | nSign | std::uint64_t{(a.nHigh | nLowDigits) == 0} << 1;
   return (std::uint64_t{high.bCarry} & nLike) != 0;
@@ -194,10 +206,10 @@ struct DigitSum {
 // Adds the digits of another number, given as words without a sign, to those of a. Returns whether
 // the top digit carried; a is of no use then.
 [[gnu::always_inline]] inline bool AddToDigits(Words& a, std::uint64_t nHigh, std::uint64_t nLow) {
-  const DigitSum low(false, a.nLow >> 4 << 36, (nLow << 32) + 6 * kUnits);
-  const DigitSum high(low.bCarry, a.nHigh, nHigh + 6 * kUnits);
+  const LowDigitSum low(0, a.nLow & kLowDigits, nLow + (6 * kUnits & kLowDigits));
+  const DigitSum high(low.Carries(), a.nHigh, nHigh + 6 * kUnits);
   a.nHigh = high.Digits();
-  a.nLow = low.Digits() >> 36 << 4 | (a.nLow & kSignMask);
+  a.nLow = low.Digits() | (a.nLow & kSignMask);
   return high.bCarry;
 }
 
