@@ -44,7 +44,6 @@ constexpr Wanted kWanted[] = {
     {"divide", "F", "_Decimal128", 3.5, 4.4},
     {"divide", "MF", "COMP-3", 15, 21},
     {"divide", "MF", "digit by digit", 40, 0},
-    {"divide", "MF", "bit by bit", 40, 0},
     {"parse", "MF", "GMP", 3.5, 5},
     {"parse", "MF", "cpp_dec_float", 12, 16},
     {"format", "MF", "GMP", 8, 11},

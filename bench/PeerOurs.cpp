@@ -68,39 +68,6 @@ struct OursByDigits : Ours {
   using Setting = COverflowElsewhere;
 };
 
-// The plain quotient of the wide integers: a bit at a time, as the classic form of this arithmetic
-// divides, around the same conversions. DivideWithRemainder itself goes by whole words.
-struct OursBitByBit : Ours {
-  static constexpr const char* kName = "bit by bit";
-  using Wide = CDecimal::MathType;
-
-  static Wide Quotient(const Wide& dividend, const Wide& divisor) {
-    const Wide n = dividend.Abs();
-    const Wide d = divisor.Abs();
-    Wide quotient;
-    if (Wide::CompareUnsigned(n, d) >= 0) {
-      int nBit = n.HighestSetBit() - d.HighestSetBit();
-      Wide rest = n;
-      for (rest.op_RightShift(nBit); nBit >= 0; --nBit) {
-        if (n.GetBit(nBit)) rest |= Wide(1);
-        if (Wide::CompareUnsigned(rest, d) >= 0) {
-          quotient |= Wide(1) << nBit;
-          rest.op_Subtract(d);
-        }
-        if (nBit > 0) rest.op_LeftShift(1);
-      }
-    }
-    return dividend.IsNegative() == divisor.IsNegative() ? quotient : -quotient;
-  }
-
-  static void Divide(Value& result, const Value& a, const Value& b) {
-    static const Wide s_scale(10'000'000'000LL);
-    const Wide tenth = Quotient(a.toMathType() * s_scale, b.toMathType());
-    const Wide half(5);
-    result.fromMathType(Quotient(tenth.IsNegative() ? tenth - half : tenth + half, Wide(10)));
-  }
-};
-
 constexpr auto AddByValue = [](CDecimal& result, const CDecimal& a, const CDecimal& b) {
   result = a + b;
 };
@@ -141,8 +108,6 @@ void AddOurs(CHarness& harness, const ArithmeticSets& sets) {
   AddAll<Ours>(harness, sets);
   for (const ValueSet* pSet : {&sets.money, &sets.full}) {
     AddFourOperations<OursByDigits>(harness, *pSet);
-    AddPairwise<OursBitByBit, OursBitByBit::Divide, ExactQuotient>(harness, "divide", pSet->sName,
-                                                                   pSet->quotients);
     AddRest(harness, *pSet);
   }
 }
