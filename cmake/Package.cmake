@@ -34,5 +34,11 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/aldlibConfig.cmake
 # Told from where the file lies, so that an installed tree can be moved; lib may be lib/ARCHITECTURE.
 file(RELATIVE_PATH aldlib_pc_to_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 string(REGEX REPLACE "/$" "" aldlib_pc_to_prefix "${aldlib_pc_to_prefix}")
-configure_file(cmake/aldlib.pc.in ${CMAKE_CURRENT_BINARY_DIR}/aldlib.pc @ONLY)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/aldlib.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+set(aldlib_pc aldlib)
+if(ALDLIB_QT)
+  list(APPEND aldlib_pc aldlib-qt)
+endif()
+foreach(package IN LISTS aldlib_pc)
+  configure_file(cmake/${package}.pc.in ${CMAKE_CURRENT_BINARY_DIR}/${package}.pc @ONLY)
+  install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${package}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endforeach()
