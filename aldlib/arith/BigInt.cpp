@@ -334,7 +334,7 @@ int CBigInt<nBits>::CompareUnsigned(const CBigInt& a, const CBigInt& b) {
 template <int nBits>
 int CBigInt<nBits>::HighestSetBit() const {
   for (int i = kWords - 1; i >= 0; --i) {
-    if (m_aWords[i] != 0) return 32 * i + std::bit_width(m_aWords[i]) - 1;
+    if (m_aWords[i] != 0) return 32 * i + 31 - std::countl_zero(m_aWords[i]);
   }
   return -1;
 }

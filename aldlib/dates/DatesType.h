@@ -24,14 +24,6 @@ static_assert(sizeof(DatesType) == 4 && offsetof(DatesType, month) == 1 &&
               offsetof(DatesType, year) == 2);
 static_assert(std::is_trivially_copyable_v<DatesType> && std::is_standard_layout_v<DatesType>);
 
-// A range of dates, both ends within it. The empty date stands for an open end.
-struct FromTo {
-  DatesType From;
-  DatesType To;
-  friend bool operator==(const FromTo&, const FromTo&) = default;
-};
-static_assert(sizeof(FromTo) == 8 && offsetof(FromTo, To) == 4);
-
 // The application's date of today: the library neither sets nor reads it. Empty from the start.
 ALDLIB_EXPORT extern DatesType TodaysDate;
 
@@ -50,6 +42,14 @@ ALDLIB_EXPORT extern const DatesType InvalidDate;
 [[nodiscard]] constexpr std::strong_ordering operator<=>(DatesType a, DatesType b) noexcept {
   return DateKey(a) <=> DateKey(b);
 }
+
+// A range of dates, both ends within it. The empty date stands for an open end.
+struct FromTo {
+  DatesType From;
+  DatesType To;
+  friend bool operator==(const FromTo&, const FromTo&) = default;
+};
+static_assert(sizeof(FromTo) == 8 && offsetof(FromTo, To) == 4);
 
 // Year, month and day as numbers, whatever they are: "2003-07-04", of the empty date "0000-00-00".
 ALDLIB_EXPORT std::ostream& operator<<(std::ostream& out, DatesType date);

@@ -38,9 +38,10 @@ SizeWord PayloadSize(const void* pBlock) {
 
 void* AllocateBlock(std::uint32_t nSize) {
   if (nSize > std::numeric_limits<SizeWord>::max() - sizeof(SizeWord)) return nullptr;
-  if (nSize > std::numeric_limits<std::size_t>::max() - kHeaderSize) return nullptr;
+  std::size_t nWhole = 0;
+  if (__builtin_add_overflow(kHeaderSize, nSize, &nWhole)) return nullptr;
   if (IsMadeToFail()) return nullptr;
-  char* const pHeader = static_cast<char*>(std::calloc(kHeaderSize + nSize, 1));
+  char* const pHeader = static_cast<char*>(std::calloc(nWhole, 1));
   if (pHeader == nullptr) return nullptr;
   char* const pBlock = pHeader + kHeaderSize;
   const auto nWord = static_cast<SizeWord>(nSize + sizeof(SizeWord));

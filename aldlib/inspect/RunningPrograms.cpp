@@ -35,8 +35,8 @@ bool IsInSnapshot(std::uint32_t nProcess, std::string_view sTag, CString& sProgr
       processes.begin(), processes.end(),
       [nProcess](const tagPROCESSENTRY32& entry) { return entry.th32ProcessID == nProcess; });
   if (it == processes.end()) return false;
-  const std::string_view sFile(
-      it->szExeFile, std::find(it->szExeFile, std::end(it->szExeFile), '\0') - it->szExeFile);
+  const std::string_view sFile(it->szExeFile,
+                               std::find(it->szExeFile, std::end(it->szExeFile), '\0'));
   if (Capitals(sFile).find(sTag) == CString::npos) return false;
   sProgram = sFile;
   return true;

@@ -25,8 +25,7 @@ bool IsSpace(char ch) {
 }
 
 std::string_view TrimmedLeft(std::string_view sText) {
-  sText.remove_prefix(std::ranges::find_if_not(sText, IsSpace) - sText.begin());
-  return sText;
+  return {std::ranges::find_if_not(sText, IsSpace), sText.end()};
 }
 
 std::string_view Trimmed(std::string_view sText) {

@@ -79,6 +79,11 @@ concept FixedText = std::is_class_v<T> && requires(const T& text) {
   { text.GetSize() } -> std::same_as<std::int32_t>;
 };
 
+// Any other text: what a fixed string may be compared with.
+template <typename T>
+concept PlainText = !FixedText<T> && (std::convertible_to<const T&, const char*> ||
+                                      std::convertible_to<const T&, std::string_view>);
+
 namespace internal {
 
 // An index outside [0, nSize) becomes the last byte, which is the terminator of a full text.
@@ -105,6 +110,9 @@ template <std::integral Index>
 
 [[nodiscard]] constexpr std::string_view ViewOrEmpty(const char* szText) noexcept {
   return IsNull(szText) ? std::string_view() : std::string_view(szText);
+}
+[[nodiscard]] constexpr std::string_view ViewOrEmpty(std::string_view sText) noexcept {
+  return sText;
 }
 
 // As sstrcpy, of a text that may lack its terminator.
@@ -347,34 +355,24 @@ constexpr CFixedStringParamRef::CFixedStringParamRef(CFixedString<N>& sText) noe
 //
 // `==` and `<=>` compare the texts by their bytes as unsigned numbers, so they agree with the order
 // of std::string and with std::hash. CompareStr takes bytes as signed: there a character above 127
-// sorts before every plain one and before the end of a shorter text.
+// sorts before every plain one and before the end of a shorter text. A null text counts as empty.
 
 template <FixedText A, FixedText B>
 [[nodiscard]] constexpr bool operator==(const A& a, const B& b) noexcept {
   return a.view() == b.view();
 }
-template <FixedText A>
-[[nodiscard]] constexpr bool operator==(const A& a, std::string_view sText) noexcept {
-  return a.view() == sText;
-}
-// A null text counts as empty.
-template <FixedText A>
-[[nodiscard]] constexpr bool operator==(const A& a, const char* szText) noexcept {
-  return a.view() == internal::ViewOrEmpty(szText);
+template <FixedText A, PlainText B>
+[[nodiscard]] constexpr bool operator==(const A& a, const B& text) noexcept {
+  return a.view() == internal::ViewOrEmpty(text);
 }
 
 template <FixedText A, FixedText B>
 [[nodiscard]] constexpr std::strong_ordering operator<=>(const A& a, const B& b) noexcept {
   return a.view() <=> b.view();
 }
-template <FixedText A>
-[[nodiscard]] constexpr std::strong_ordering operator<=>(const A& a,
-                                                         std::string_view sText) noexcept {
-  return a.view() <=> sText;
-}
-template <FixedText A>
-[[nodiscard]] constexpr std::strong_ordering operator<=>(const A& a, const char* szText) noexcept {
-  return a.view() <=> internal::ViewOrEmpty(szText);
+template <FixedText A, PlainText B>
+[[nodiscard]] constexpr std::strong_ordering operator<=>(const A& a, const B& text) noexcept {
+  return a.view() <=> internal::ViewOrEmpty(text);
 }
 
 template <FixedText A>

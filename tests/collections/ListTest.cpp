@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <iterator>
 #include <ranges>
 #include <string>
 
@@ -129,7 +130,12 @@ TEST_F(ListTest, IsWalkedBothWaysWithoutMovingTheCurrentNode) {
   Fill("ABC");
   ListPrevious(m_pList);
   EXPECT_EQ(KeysOf(*m_pList), "ABC");
-  EXPECT_EQ(KeysOf(*m_pList | std::views::reverse), "CBA");
+  std::string sBackwards;
+  for (auto it = std::make_reverse_iterator(end(*m_pList));
+       it != std::make_reverse_iterator(begin(*m_pList)); ++it) {
+    sBackwards += it->Key;
+  }
+  EXPECT_EQ(sBackwards, "CBA");
   EXPECT_STREQ(CurrentKey(), "B");
 }
 

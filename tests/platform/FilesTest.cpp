@@ -21,7 +21,6 @@ namespace {
 constexpr auto kRead = FileAccess::Read;
 constexpr auto kBoth = FileAccess::ReadWrite;
 constexpr auto kAll = FileSharing::ReadWrite;
-constexpr auto kAlone = FileSharing::None;
 
 // A backend with a folder to work in.
 struct MemoryPlace {

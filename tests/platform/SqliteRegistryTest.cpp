@@ -164,7 +164,7 @@ TEST(StoreOnDisk, FailsQuietlyWithoutPermission) {
       folder.Path(), std::filesystem::perms::others_exec | std::filesystem::perms::owner_all);
   const CString sFile = folder.Path("user.sqlite");
   ASSERT_TRUE(StoreNumber(sFile, "v", 1));
-  const auto asNobody = [&](auto mode, const std::function<int()>& work) {
+  const auto asNobody = [&](mode_t mode, const std::function<int()>& work) {
     EXPECT_EQ(::chmod(sFile.c_str(), mode), 0);
     return StatusOf(Start([&] {
       if (::geteuid() == 0 &&

@@ -45,8 +45,8 @@ constexpr const char* kStatements[] = {
     "INSERT INTO keys (parent, folded, name, class) VALUES (?1, ?2, ?3, ?4)",
     "SELECT id FROM keys WHERE id = ?1",
     "SELECT type, data FROM entries WHERE key = ?1 AND folded = ?2",
-    "INSERT INTO entries (key, folded, name, type, data) VALUES (?1, ?2, ?3, ?4, ?5)"
-    " ON CONFLICT DO UPDATE SET type = excluded.type, data = excluded.data",
+    ("INSERT INTO entries (key, folded, name, type, data) VALUES (?1, ?2, ?3, ?4, ?5)"
+     " ON CONFLICT DO UPDATE SET type = excluded.type, data = excluded.data"),
     "DELETE FROM entries WHERE key = ?1 AND folded = ?2",
     "SELECT name, class FROM keys WHERE parent = ?1 ORDER BY folded LIMIT 1 OFFSET ?2",
     "SELECT name, type, data FROM entries WHERE key = ?1 ORDER BY folded LIMIT 1 OFFSET ?2",
