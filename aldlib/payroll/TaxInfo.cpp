@@ -108,6 +108,8 @@ const std::vector<CString>& FilingStatuses() {
   char szList[256] = "";
   CPathNameString sPath;
   if (LocateTaxFile(sPath)) ReadText(sPath, kGeneral, "FilingStatuses", szList, sizeof szList);
+  // Somebody else may have had the list read while the box about a missing file was up.
+  if (!statuses.empty()) return statuses;
   try {
     // Tokens longer than a status become several, which moves all that follow.
     CFixedString<kFilingStatusSize> sStatus;

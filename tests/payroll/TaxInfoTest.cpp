@@ -128,6 +128,19 @@ TEST_F(TaxInfoTest, HasSixteenStatusesWithoutAFileAndSaysThatThereIsNone) {
   EXPECT_EQ(sStatus, "Sin");
 }
 
+TEST_F(TaxInfoTest, HasEachStatusOnceThoughTheyAreAskedForWhileTheBoxIsUp) {
+  int nInBox = 0;
+  m_platform.m_desktop.WhenWaiting([&nInBox](WindowHandle) {
+    if (nInBox++ == 0) {
+      EXPECT_EQ(GetFilingStatusFromText("Married"), 1);
+    }
+    return false;
+  });
+  EXPECT_EQ(GetFilingStatusFromText("Single"), 0);
+  EXPECT_GT(nInBox, 0);
+  EXPECT_EQ(Statuses().size(), 16U);
+}
+
 TEST_F(TaxInfoTest, TakesTheFilesStatusesWholeAndSplitsThoseThatAreTooLong) {
   WriteStatuses(CString(40, 'L') + ",Single,Single");
   EXPECT_EQ(Statuses(),
