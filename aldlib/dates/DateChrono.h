@@ -8,8 +8,8 @@
 // Dates to and from the calendar of the standard library. None of it touches the shared length of
 // February, so it is safe on any thread.
 //
-//   const auto due = ToSysDays(invoiceDate);                // no value for a date that is not
-//   legal if (due) dueDate = FromSysDays(*due + std::chrono::days(30));
+//   const auto issued = ToSysDays(invoiceDate);    // no value for a date that is not legal
+//   if (issued) dueDate = FromSysDays(*issued + std::chrono::days(30));
 namespace ald {
 
 // The three fields as they stand; `ok()` of the result is false for a day that no month has.
