@@ -38,5 +38,13 @@ TEST(ChequeLine, IsReadAndWrittenWithoutTakingMemory) {
   EXPECT_EQ(g_nAllocations, nBefore);
 }
 
+TEST(ChequeLine, HasQuestionMarksForAValuePastTheLimitsThoughThereIsNoMemory) {
+  const CDecimal past = CDecimal("99999999999999") * 1000;
+  CFixedString<8> sLine;
+  const int nRefused = RefuseEach([&] { DollarsToString(past, sLine, 0, kMoneyParentheses); },
+                                  [&](bool) { EXPECT_EQ(sLine, "???????"); });
+  EXPECT_GT(nRefused, 0);
+}
+
 }  // namespace
 }  // namespace ald
