@@ -38,8 +38,9 @@ std::int16_t GetALWProfileString(AlderIniSections eSection, const char* szKey,
   const CString sFile = CurrentPlatform().product.IniFileName();
   return ReadString(sFile.c_str(), SectionName(eSection), szKey, szDefault, szBuffer, nSize);
 } catch (const std::bad_alloc&) {
-  if (szBuffer != nullptr && nSize > 0) szBuffer[0] = '\0';
-  return 0;
+  // The default may stand in the buffer, and then stays.
+  sstrcpy(szBuffer, szDefault, nSize);
+  return static_cast<std::int16_t>(TextLength(szBuffer, nSize));
 }
 
 std::uint32_t GetALWProfileInt(AlderIniSections eSection, const char* szKey,

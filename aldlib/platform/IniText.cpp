@@ -73,7 +73,7 @@ bool ListNames(IniLayers layers, const char* szSection, CString& sList) {
 
 std::uint32_t CopyCut(std::string_view sText, char* szBuffer, std::uint32_t nSize) {
   const std::size_t nLength = std::min<std::size_t>(sText.size(), nSize - 1);
-  std::memcpy(szBuffer, sText.data(), nLength);
+  std::memmove(szBuffer, sText.data(), nLength);
   szBuffer[nLength] = '\0';
   return static_cast<std::uint32_t>(nLength);
 }
@@ -187,8 +187,8 @@ std::uint32_t ReadIniString(IniLayers layers, const char* szSection, const char*
     }
     return CopyCut(FindInLayers(layers, szSection, szKey).value_or(sDefault), szBuffer, nSize);
   } catch (const std::bad_alloc&) {
-    szBuffer[0] = '\0';
-    return 0;
+    const bool bList = szSection == nullptr || szKey == nullptr;
+    return CopyCut(bList || szDefault == nullptr ? "" : szDefault, szBuffer, nSize);
   }
 }
 

@@ -9,6 +9,7 @@
 #include "aldlib/frame/LargeClip.h"
 #include "aldlib/text/Constants.h"
 #include "tests/support/FakePlatform.h"
+#include "tests/support/WatchedMemory.h"
 
 namespace ald {
 namespace {
@@ -134,6 +135,16 @@ TEST(DataPath, EndsWithABackslashOnceItIsRead) {
   MyAlderLibDataPtr = nullptr;
   ReReadAlderIni();
   MyAlderLibDataPtr = pRecord;
+}
+
+TEST(DataPath, StaysAsItWasWhereThereIsNoMemoryToReadIt) {
+  FakePlatform platform;
+  platform.m_product.m_sIniFile = "C:\\PROGRAMS\\PRODUCT.INI";
+  const CString sPath = "C:\\BOOKS\\OF THE COMPANY\\";
+  sPath.copy(MyAlderLibDataPtr->szDataPath, sPath.size());
+  const int nRefused = RefuseEach([] { ReReadAlderIni(); },
+                                  [&](bool) { EXPECT_EQ(MyAlderLibDataPtr->szDataPath, sPath); });
+  EXPECT_GT(nRefused, 0);
 }
 
 TEST(AutoDecimal, IsKeptAsAPreference) {
