@@ -1,6 +1,7 @@
 #include "aldlib/screens/Visibility.h"
 
 #include <algorithm>
+#include <limits>
 #include <span>
 
 #include "aldlib/screens/Layout.h"
@@ -13,12 +14,26 @@ namespace {
 constexpr char kMnemonic = '&';
 constexpr char kMaskedMnemonic = '\x1F';
 
-// Calls `use` for each control of the range that exists, in the order of their ids.
+// The first id from nFrom on that a control of the screen has; past every id if there is none. Ids
+// mostly follow each other. Over a gap, which may be billions wide, the controls tell.
+std::int64_t NextId(WindowHandle hParent, std::int64_t nFrom) {
+  if (ControlOf(hParent, static_cast<int>(nFrom)) != WindowHandle{}) return nFrom;
+  std::int64_t nNext = std::int64_t{std::numeric_limits<int>::max()} + 1;
+  for (const WindowHandle hControl : CurrentWindows().Children(hParent)) {
+    const std::int64_t nId = CurrentWindows().ControlId(hControl);
+    if (nId > nFrom) nNext = std::min(nNext, nId);
+  }
+  return nNext;
+}
+
+// Calls `use` for the id and control of each control of the range that exists, in the order of
+// their ids, until it returns true. Each one is looked for when its turn has come, since what was
+// done to those before may have destroyed it.
 template <class Use>
-void ForRange(WindowHandle hParent, std::int64_t nFirst, std::int64_t nLast, Use use) {
+void ForRange(WindowHandle hParent, int nFirst, int nLast, Use use) {
   for (std::int64_t nId = nFirst; nId <= nLast; ++nId) {
-    const WindowHandle hControl = ControlOf(hParent, static_cast<int>(nId));
-    if (hControl != WindowHandle{}) use(hControl);
+    nId = NextId(hParent, nId);
+    if (nId > nLast || use(nId, ControlOf(hParent, static_cast<int>(nId)))) return;
   }
 }
 
@@ -69,14 +84,18 @@ class Change {
 
 void ChangeRange(WindowHandle hParent, int nFirst, int nLast, bool bShow) {
   Change change(hParent, bShow);
-  ForRange(hParent, nFirst, nLast, [&](WindowHandle hControl) { change.Apply(hControl); });
+  ForRange(hParent, nFirst, nLast, [&](std::int64_t, WindowHandle hControl) {
+    change.Apply(hControl);
+    return false;
+  });
 }
 
 void ChangeSet(WindowHandle hParent, const int* pnIds, int nCount, bool bShow) {
   if (pnIds == nullptr || nCount <= 0) return;
   Change change(hParent, bShow);
   for (const int nId : std::span(pnIds, static_cast<std::size_t>(nCount))) {
-    ForRange(hParent, nId, nId, [&](WindowHandle hControl) { change.Apply(hControl); });
+    const WindowHandle hControl = ControlOf(hParent, nId);
+    if (hControl != WindowHandle{}) change.Apply(hControl);
   }
 }
 
@@ -86,18 +105,24 @@ void EnableDlgWindow(WindowHandle hParent, int nId, int bEnable) {
   EnableDlgWindowRange(hParent, nId, nId, bEnable);
 }
 
-void EnableDlgWindowRange(WindowHandle hParent, int nFirst, int nLast, int bEnable) {
-  ForRange(hParent, nFirst, nLast,
-           [&](WindowHandle hControl) { CurrentWindows().Enable(hControl, bEnable != 0); });
+void EnableDlgWindowRange(WindowHandle hParent, int nFirst, int nLast, int bEnable) try {
+  ForRange(hParent, nFirst, nLast, [&](std::int64_t, WindowHandle hControl) {
+    CurrentWindows().Enable(hControl, bEnable != 0);
+    return false;
+  });
+} catch (...) {
 }
 
 void ShowDlgWindow(WindowHandle hParent, int nId, std::int16_t nShow) {
   ShowDlgWindowRange(hParent, nId, nId, nShow);
 }
 
-void ShowDlgWindowRange(WindowHandle hParent, int nFirst, int nLast, std::int16_t nShow) {
-  ForRange(hParent, nFirst, nLast,
-           [&](WindowHandle hControl) { CurrentWindows().Show(hControl, nShow); });
+void ShowDlgWindowRange(WindowHandle hParent, int nFirst, int nLast, std::int16_t nShow) try {
+  ForRange(hParent, nFirst, nLast, [&](std::int64_t, WindowHandle hControl) {
+    CurrentWindows().Show(hControl, nShow);
+    return false;
+  });
+} catch (...) {
 }
 
 void HideDlgCtlRange(WindowHandle hParent, int nFirst, int nLast) try {
@@ -155,13 +180,15 @@ void SetDlgEditLimit(WindowHandle hParent, int nId, int nCharacters) {
                                               static_cast<std::uint32_t>(std::max(nCharacters, 0)));
 }
 
-int GetDlgRadioCheck(WindowHandle hParent, int nFirst, int nLast) {
-  for (std::int64_t nId = nFirst; nId <= nLast; ++nId) {
-    const WindowHandle hButton = ControlOf(hParent, static_cast<int>(nId));
-    if (CurrentPlatform().desktop.controls.Check(hButton) == 1) {
-      return static_cast<int>(nId - nFirst);
-    }
-  }
+int GetDlgRadioCheck(WindowHandle hParent, int nFirst, int nLast) try {
+  int nOffset = 0;
+  ForRange(hParent, nFirst, nLast, [&](std::int64_t nId, WindowHandle hButton) {
+    if (CurrentPlatform().desktop.controls.Check(hButton) != 1) return false;
+    nOffset = static_cast<int>(nId - nFirst);
+    return true;
+  });
+  return nOffset;
+} catch (...) {
   return 0;
 }
 
