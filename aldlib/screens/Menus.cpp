@@ -77,6 +77,17 @@ std::int16_t FindItem(MenuHandle hMenu, Predicate isMeant) {
   return -1;
 }
 
+// Whether a menu is a submenu of another one, however deep.
+bool IsBelow(MenuHandle hMenu, MenuHandle hTop) {
+  const int nCount = Menus().Count(hTop);
+  for (int i = 0; i < nCount; ++i) {
+    const MenuHandle hSubmenu = Menus().Submenu(hTop, i);
+    if (hSubmenu == MenuHandle{}) continue;
+    if (hSubmenu == hMenu || IsBelow(hMenu, hSubmenu)) return true;
+  }
+  return false;
+}
+
 void MergePopup(ModuleHandle hModule, MenuHandle hTarget, MenuHandle hSource, int nSource) {
   MenuBar& menus = Menus();
   const CString sText = TextAt(hSource, nSource);
@@ -180,6 +191,8 @@ std::int16_t FindMenuItemWithText(MenuHandle hMenu, const char* szText) try {
 }
 
 int AddMenuToMenu(ModuleHandle hModule, MenuHandle hTarget, MenuHandle hSource) try {
+  // Into a part of itself a menu would be merged without end.
+  if (IsBelow(hTarget, hSource)) return 1;
   const int nCount = Menus().Count(hSource);
   for (int i = 0; i < nCount; ++i) {
     switch (Menus().Id(hSource, i)) {

@@ -24,7 +24,8 @@ ALDLIB_EXPORT std::int16_t FindMenuItemWithText(MenuHandle hMenu, const char* sz
 
 // Merges a menu into another one: a submenu into the submenu of its text, which is made if need be;
 // a command over the command of its id, or else at the end; a separator always at the end, so that
-// merging twice doubles them. The source stays as it is. Returns 1.
+// merging twice doubles them. The source stays as it is; one that holds the target is not merged.
+// Returns 1.
 ALDLIB_EXPORT int AddMenuToMenu(ModuleHandle hModule, MenuHandle hTarget, MenuHandle hSource);
 
 // Takes a merged menu out again: its commands, as many separators from the end, and the submenus

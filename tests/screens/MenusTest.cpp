@@ -100,6 +100,21 @@ TEST_F(MenuBars, AnEmptySourceAndACommandThatBecomesASubmenu) {
 }
 
 // Modules whose ids and submenus are their own come and go in any order.
+TEST_F(MenuBars, AreNotMergedIntoAPartOfThemselves) {
+  const MenuHandle hFile = AddPopup(m_hBar, "File");
+  const MenuHandle hRecent = AddPopup(hFile, "Recent");
+  AddCommand(hRecent, 7, "CHART");
+  const CString sBefore = Show(m_hBar);
+  EXPECT_EQ(AddMenuToMenu(kModule, hRecent, m_hBar), 1);
+  EXPECT_EQ(Show(m_hBar), sBefore);
+  // Nor does the desktop let a menu stand in itself, however deep the item is found.
+  EXPECT_FALSE(m_menus.Modify(m_hBar, 7, kMenuByCommand | kMenuPopup,
+                              static_cast<std::uint32_t>(hRecent), "Recent"));
+  EXPECT_FALSE(m_menus.Insert(m_hBar, 7, kMenuByCommand | kMenuPopup,
+                              static_cast<std::uint32_t>(hFile), "File"));
+  EXPECT_EQ(Show(m_hBar), sBefore);
+}
+
 TEST_F(MenuBars, ReturnToWhatTheyWereWhateverTheOrderOfModules) {
   AddCommand(AddPopup(m_hBar, "&File"), 1, "Open");
   const CString sBefore = Show(m_hBar);

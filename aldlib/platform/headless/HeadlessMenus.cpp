@@ -97,8 +97,9 @@ MenuHandle HeadlessMenus::Submenu(MenuHandle hMenu, int nPosition) {
   return found ? found.Get().hSubmenu : MenuHandle{};
 }
 
-// False for a submenu that does not exist, or that would hold itself.
-bool HeadlessMenus::MakeItem(MenuHandle hMenu, std::uint32_t nFlags, std::uint32_t nIdOrSubmenu,
+// Of the menu that the item is to stand in. False for a submenu that does not exist, or that would
+// hold itself.
+bool HeadlessMenus::MakeItem(const Menu& menu, std::uint32_t nFlags, std::uint32_t nIdOrSubmenu,
                              const CString& sText, Item& item) {
   item.nState = nFlags & kKeptFlags;
   item.sText = sText;
@@ -107,15 +108,15 @@ bool HeadlessMenus::MakeItem(MenuHandle hMenu, std::uint32_t nFlags, std::uint32
     return true;
   }
   item.hSubmenu = static_cast<MenuHandle>(nIdOrSubmenu);
-  return m_menus.Find(item.hSubmenu) != nullptr && !Contains(item.hSubmenu, hMenu);
+  return m_menus.Find(item.hSubmenu) != nullptr && !Contains(item.hSubmenu, menu);
 }
 
-bool HeadlessMenus::Contains(MenuHandle hMenu, MenuHandle hOther) {
-  if (hMenu == hOther) return true;
+bool HeadlessMenus::Contains(MenuHandle hMenu, const Menu& other) {
   const Menu* const pMenu = m_menus.Find(hMenu);
-  return pMenu != nullptr &&
+  if (pMenu == nullptr) return false;
+  return pMenu == &other ||
          std::any_of(pMenu->items.begin(), pMenu->items.end(), [&](const Item& item) {
-           return item.hSubmenu != MenuHandle{} && Contains(item.hSubmenu, hOther);
+           return item.hSubmenu != MenuHandle{} && Contains(item.hSubmenu, other);
          });
 }
 
@@ -128,8 +129,7 @@ bool HeadlessMenus::Append(MenuHandle hMenu, std::uint32_t nFlags, std::uint32_t
 bool HeadlessMenus::Insert(MenuHandle hMenu, std::uint32_t nItem, std::uint32_t nFlags,
                            std::uint32_t nIdOrSubmenu, const CString& sText) {
   Menu* pMenu = m_menus.Find(hMenu);
-  Item item;
-  if (pMenu == nullptr || !MakeItem(hMenu, nFlags, nIdOrSubmenu, sText, item)) return false;
+  if (pMenu == nullptr) return false;
   std::size_t nPosition = std::min<std::size_t>(nItem, pMenu->items.size());
   if ((nFlags & kMenuByPosition) == 0) {
     const Found found = Find(hMenu, nItem, kMenuByCommand);
@@ -137,6 +137,8 @@ bool HeadlessMenus::Insert(MenuHandle hMenu, std::uint32_t nItem, std::uint32_t 
     pMenu = found.pMenu;
     nPosition = found.nPosition;
   }
+  Item item;
+  if (!MakeItem(*pMenu, nFlags, nIdOrSubmenu, sText, item)) return false;
   pMenu->items.insert(pMenu->items.begin() + static_cast<std::ptrdiff_t>(nPosition),
                       std::move(item));
   Changed();
@@ -147,7 +149,7 @@ bool HeadlessMenus::Modify(MenuHandle hMenu, std::uint32_t nItem, std::uint32_t 
                            std::uint32_t nIdOrSubmenu, const CString& sText) {
   const Found found = Find(hMenu, nItem, nFlags);
   Item item;
-  if (!found || !MakeItem(hMenu, nFlags, nIdOrSubmenu, sText, item)) return false;
+  if (!found || !MakeItem(*found.pMenu, nFlags, nIdOrSubmenu, sText, item)) return false;
   const MenuHandle hBefore = std::exchange(found.Get(), item).hSubmenu;
   if (hBefore != item.hSubmenu) DestroyMenu(hBefore);
   Changed();

@@ -61,9 +61,9 @@ class HeadlessMenus : public MenuBar {
 
   void Changed();
   Found Find(MenuHandle hMenu, std::uint32_t nItem, std::uint32_t nBy);
-  bool MakeItem(MenuHandle hMenu, std::uint32_t nFlags, std::uint32_t nIdOrSubmenu,
+  bool MakeItem(const Menu& menu, std::uint32_t nFlags, std::uint32_t nIdOrSubmenu,
                 const CString& sText, Item& item);
-  bool Contains(MenuHandle hMenu, MenuHandle hOther);
+  bool Contains(MenuHandle hMenu, const Menu& other);
   static std::uint32_t StateOf(const Item& item);
 
   HeadlessParts& m_parts;
