@@ -121,6 +121,7 @@ void YieldFor(std::uint16_t nMilliseconds, bool bHoldCloseMessages) {
   const bool bWraps = nStart > std::numeric_limits<std::uint32_t>::max() - nMilliseconds;
   const std::uint32_t nDeadline = bWraps ? 0 : nStart + nMilliseconds;
   queue.LockTemporaryMaps();
+  bool bInTime = false;
   do {
     WindowMessage message{};
     bool bWaits = queue.Peek(message, false);
@@ -133,7 +134,10 @@ void YieldFor(std::uint16_t nMilliseconds, bool bHoldCloseMessages) {
     }
     if (queue.IsApplicationThread()) queue.Idle(0);
     if (nMilliseconds != 0) clock.Sleep(1);
-  } while (clock.Ticks() < nDeadline);
+    // Ticks that have started again at 0 end it as well.
+    const std::uint32_t nNow = clock.Ticks();
+    bInTime = nNow >= nStart && nNow < nDeadline;
+  } while (bInTime);
   queue.UnlockTemporaryMaps(false);
 }
 

@@ -183,6 +183,21 @@ TEST_F(Pump, YieldsOnceWhenTheDeadlineDoesNotFit) {
   EXPECT_THAT(m_platform.m_clock.m_sleeps, ElementsAre(1));
 }
 
+TEST_F(Pump, StopsYieldingWhenTheTicksStartAgain) {
+  constexpr std::uint32_t kMostTicks = std::numeric_limits<std::uint32_t>::max();
+  int nPasses = 0;
+  m_platform.m_desktop.WhenIdle([&](int) {
+    m_platform.m_clock.m_nTicks += 10;
+    return ++nPasses < 5;
+  });
+  for (const std::uint16_t nMilliseconds : {std::uint16_t{0}, std::uint16_t{3}}) {
+    m_platform.m_clock.m_nTicks = kMostTicks - 4;
+    nPasses = 0;
+    YieldFor(nMilliseconds, false);
+    EXPECT_EQ(nPasses, 1) << nMilliseconds;
+  }
+}
+
 TEST_F(Pump, AHeldCloseMessageIsNeitherHandledNorLost) {
   Post(kMessageClose);
   Post(kProbe);
