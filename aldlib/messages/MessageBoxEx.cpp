@@ -44,7 +44,7 @@ Size MeasureText(const CString& sText) {
   canvas.DrawText(hScreen, sText, room, kTextCalculate | kTextNoPrefix | kTextWordBreak);
   canvas.SelectFont(hScreen, hBefore);
   canvas.Release(hScreen);
-  return {room.Width() + kTextExtra, room.Height()};
+  return {ToMeasure(std::int64_t{room.Width()} + kTextExtra), room.Height()};
 }
 
 std::int32_t WidthOf(const MessageBoxButton& button) {
@@ -59,9 +59,10 @@ class BoxBuilder {
     Windows& windows = CurrentPlatform().desktop.windows;
     const Size text = MeasureText(sText);
     const Size icon{windows.Metric(kMetricIconWidth), windows.Metric(kMetricIconHeight)};
-    const std::int32_t nHeight = std::max(text.cy + 2 * kMargin, kLeastHeight);
+    const std::int32_t nHeight =
+        std::max(ToMeasure(std::int64_t{text.cy} + 2 * kMargin), kLeastHeight);
     const std::int32_t xText = icon.cx + kTextLeftOfIcon;
-    const std::int32_t nWidth = text.cx + 2 * kMargin + xText;
+    const std::int32_t nWidth = ToMeasure(std::int64_t{text.cx} + 2 * kMargin + xText);
 
     m_box.nStyle = kBoxStyle;
     m_box.sTitle = CurrentPlatform().desktop.presenter.ApplicationName();
@@ -182,9 +183,9 @@ int MsgBoxDlgProc(WindowHandle hDialog, std::uint32_t nMessage, std::uint32_t nW
     }
     const Rect box = windows.WindowRect(hDialog);
     windows.Place(hDialog, WindowOrder::kKeep,
-                  (windows.Metric(kMetricScreenWidth) - box.Width()) / 2,
-                  (windows.Metric(kMetricScreenHeight) - box.Height()) / 3, 0, 0,
-                  kPlaceNoSize | kPlaceNoActivate);
+                  ToMeasure((std::int64_t{windows.Metric(kMetricScreenWidth)} - box.Width()) / 2),
+                  ToMeasure((std::int64_t{windows.Metric(kMetricScreenHeight)} - box.Height()) / 3),
+                  0, 0, kPlaceNoSize | kPlaceNoActivate);
     return 1;
   }
   if (nMessage == kMessageCommand) {

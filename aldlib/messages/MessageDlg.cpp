@@ -130,7 +130,7 @@ CSize CAFMessageDlg::CalculateControlSize(const CString& sText) {
   const auto measure = [&](std::string_view sLine) {
     const Size line = canvas.TextExtent(hContext, sLine.empty() ? std::string_view(" ") : sLine);
     size.cx = std::max(size.cx, line.cx);
-    size.cy += line.cy;
+    size.cy = ToMeasure(std::int64_t{size.cy} + line.cy);
   };
   std::string_view sRest = sText;
   std::size_t nEnd = sRest.find('\n');
@@ -154,15 +154,15 @@ CAFMessageDlg::Sizes CAFMessageDlg::Measure(Point margin) {
   Windows& windows = CurrentPlatform().desktop.windows;
   Sizes sizes{.margin = margin, .buttons = ButtonsOf(m_nStyles)};
   sizes.message = CalculateControlSize(m_sMessage);
-  sizes.message.cx += margin.x;
-  sizes.message.cy += margin.y;
+  sizes.message.cx = ToMeasure(std::int64_t{sizes.message.cx} + margin.x);
+  sizes.message.cy = ToMeasure(std::int64_t{sizes.message.cy} + margin.y);
   const Rect button = windows.MapDialogRect(m_hWnd, {0, 0, kButtonWidth, kButtonHeight});
   sizes.button = {button.Width(), button.Height()};
-  const auto nButtons = static_cast<std::int32_t>(sizes.buttons.size());
-  sizes.nRow = (nButtons - 1) * margin.x + nButtons * sizes.button.cx;
+  const auto nButtons = static_cast<std::int64_t>(sizes.buttons.size());
+  sizes.nRow = ToMeasure((nButtons - 1) * margin.x + nButtons * sizes.button.cx);
   if (IsApplyToAllCheckEnabled() != 0) {
     sizes.check = CalculateControlSize(m_sApplyToAll);
-    sizes.check.cx += 2 * margin.x;
+    sizes.check.cx = ToMeasure(sizes.check.cx + std::int64_t{2} * margin.x);
     sizes.nRow = std::max(sizes.nRow, sizes.check.cx);
   }
   sizes.message.cx = std::max(sizes.message.cx, sizes.nRow);
@@ -172,13 +172,12 @@ CAFMessageDlg::Sizes CAFMessageDlg::Measure(Point margin) {
 WindowHandle CAFMessageDlg::CreateControl(const char* szClass, const CString& sText,
                                           std::uint32_t nStyle, Point at, Size size, int nId) {
   Windows& windows = CurrentPlatform().desktop.windows;
-  const WindowHandle hControl =
-      windows.Create({.sClass = szClass,
-                      .sText = sText,
-                      .nStyle = nStyle,
-                      .place = {at.x, at.y, at.x + size.cx, at.y + size.cy},
-                      .hParent = m_hWnd,
-                      .nId = nId});
+  const WindowHandle hControl = windows.Create({.sClass = szClass,
+                                                .sText = sText,
+                                                .nStyle = nStyle,
+                                                .place = RectAt(at, size.cx, size.cy),
+                                                .hParent = m_hWnd,
+                                                .nId = nId});
   windows.SetFont(hControl, windows.Font(m_hWnd), false);
   return hControl;
 }
@@ -195,7 +194,7 @@ void CAFMessageDlg::CreateButtons(const Sizes& sizes, Point at) {
         CreateControl("BUTTON", Caption(button.nCaption), nStyle, at, sizes.button, button.nId);
     if (bDefault) CurrentPlatform().desktop.windows.SetFocus(hButton);
     m_buttons.push_back(hButton);
-    at.x += sizes.button.cx + sizes.margin.x;
+    at = Moved(at, std::int64_t{sizes.button.cx} + sizes.margin.x, 0);
   }
 }
 
@@ -216,7 +215,7 @@ int CAFMessageDlg::OnInitDialog() {
     sizes.icon = {windows.Metric(kMetricIconWidth), windows.Metric(kMetricIconHeight)};
     m_wndIcon.m_hWnd = CreateControl("STATIC", "", kIconStyle, margin, sizes.icon, kIconId);
     desktop.queue.Send(m_wndIcon.m_hWnd, kMessageSetIcon, static_cast<std::uint32_t>(hIcon), 0);
-    text.x += sizes.icon.cx + margin.x;
+    text = Moved(text, std::int64_t{sizes.icon.cx} + margin.x, 0);
   }
   if (m_bCenterText != 0) {
     const WindowHandle hText = m_wndMessage.m_hWnd;
@@ -225,26 +224,31 @@ int CAFMessageDlg::OnInitDialog() {
 
   const std::int32_t nContent = std::max(sizes.message.cy, sizes.icon.cy);
   const Rect box = windows.WindowRect(m_hWnd);
-  windows.Place(m_hWnd, WindowOrder::kKeep, 0, 0,
-                box.Width() + sizes.icon.cx + std::max(sizes.nRow, sizes.message.cx),
-                box.Height() + nContent + sizes.button.cy + sizes.check.cy,
-                kPlaceNoMove | kPlaceNoOrder | kPlaceNoActivate);
+  windows.Place(
+      m_hWnd, WindowOrder::kKeep, 0, 0,
+      ToMeasure(std::int64_t{box.Width()} + sizes.icon.cx + std::max(sizes.nRow, sizes.message.cx)),
+      ToMeasure(std::int64_t{box.Height()} + nContent + sizes.button.cy + sizes.check.cy),
+      kPlaceNoMove | kPlaceNoOrder | kPlaceNoActivate);
   windows.Place(m_wndMessage.m_hWnd, WindowOrder::kKeep, text.x, text.y, sizes.message.cx,
                 sizes.message.cy, kPlaceNoOrder | kPlaceNoActivate);
 
   const Rect client = windows.ClientRect(m_hWnd);
   const bool bCheckBox = IsApplyToAllCheckEnabled() != 0;
-  Point row{text.x, client.Height() - sizes.button.cy - margin.y};
-  if (bCheckBox) row.y -= sizes.check.cy + margin.y;
+  std::int64_t yRow = std::int64_t{client.Height()} - sizes.button.cy - margin.y;
+  if (bCheckBox) yRow -= std::int64_t{sizes.check.cy} + margin.y;
+  std::int64_t xRow = text.x;
   if (m_bCenterButtons != 0) {
-    row.x = sizes.icon.cx == 0 ? (client.Width() - sizes.nRow) / 2
-                               : std::max((sizes.message.cx - sizes.nRow) / 2 + text.x, text.x);
+    const std::int64_t nRow = sizes.nRow;
+    xRow = sizes.icon.cx == 0 ? (client.Width() - nRow) / 2
+                              : std::max((sizes.message.cx - nRow) / 2 + text.x, xRow);
   }
+  const Point row{ToMeasure(xRow), ToMeasure(yRow)};
   CreateButtons(sizes, row);
   if (bCheckBox) {
     m_hCheckBox =
         CreateControl("BUTTON", m_sApplyToAll, kCheckBoxStyle,
-                      {text.x, row.y + sizes.button.cy + margin.y}, sizes.check, kCheckBoxId);
+                      Moved(Point{text.x, row.y}, 0, std::int64_t{sizes.button.cy} + margin.y),
+                      sizes.check, kCheckBoxId);
   }
   if (m_bTopLevel != 0) {
     windows.Place(m_hWnd, WindowOrder::kTopmost, 0, 0, 0, 0,

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <vector>
 
 #include "aldlib/platform/Types.h"
@@ -17,6 +19,13 @@ enum class BrushHandle : std::uint32_t {};
 enum class PenHandle : std::uint32_t {};
 enum class IconHandle : std::uint32_t {};
 enum class ContextHandle : std::uint32_t {};  // a device context: something to draw on
+
+// A measure that was reckoned with 64 bits: the nearest one that 32 bits hold. Screens take places
+// from hosts, so any number may come.
+constexpr std::int32_t ToMeasure(std::int64_t n) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(n, Limits::min(), Limits::max()));
+}
 
 struct Point {
   std::int32_t x;
@@ -39,11 +48,22 @@ struct Rect {
   std::int32_t right;
   std::int32_t bottom;
 
-  std::int32_t Width() const { return right - left; }
-  std::int32_t Height() const { return bottom - top; }
+  std::int32_t Width() const { return ToMeasure(std::int64_t{right} - left); }
+  std::int32_t Height() const { return ToMeasure(std::int64_t{bottom} - top); }
   bool operator==(const Rect&) const = default;
 };
 using tagRECT = Rect;
+
+constexpr Point Moved(Point at, std::int64_t dx, std::int64_t dy) {
+  return {ToMeasure(at.x + dx), ToMeasure(at.y + dy)};
+}
+constexpr Rect Moved(const Rect& rect, std::int64_t dx, std::int64_t dy) {
+  return {ToMeasure(rect.left + dx), ToMeasure(rect.top + dy), ToMeasure(rect.right + dx),
+          ToMeasure(rect.bottom + dy)};
+}
+constexpr Rect RectAt(Point at, std::int64_t cx, std::int64_t cy) {
+  return {at.x, at.y, ToMeasure(at.x + cx), ToMeasure(at.y + cy)};
+}
 
 // A colour as 0xTTBBGGRR: red lowest, and on top what kind of value it is (02 for one that is
 // matched against the palette).

@@ -129,8 +129,9 @@ bool Names(const ALWCtrlInfo* pControls, WindowHandle hWindow, WindowHandle hPar
   return false;
 }
 
-Rect Moved(const Rect& rect, std::int32_t nLeft, std::int32_t nTop) {
-  return {rect.left - nLeft, rect.top - nTop, rect.right - nLeft, rect.bottom - nTop};
+// A rectangle as it lies from that corner on.
+Rect From(const Rect& rect, std::int32_t nLeft, std::int32_t nTop) {
+  return Moved(rect, -std::int64_t{nLeft}, -std::int64_t{nTop});
 }
 
 bool Contains(const Rect& outer, const Rect& inner) {
@@ -142,10 +143,10 @@ bool Contains(const Rect& outer, const Rect& inner) {
 std::size_t ZoneOf(WindowHandle hControl, WindowHandle hParent, const ALWUnivColorTyp& colors) {
   Windows& windows = CurrentPlatform().desktop.windows;
   const Rect parent = windows.WindowRect(hParent);
-  const Rect control = Moved(windows.WindowRect(hControl), parent.left, parent.top);
+  const Rect control = From(windows.WindowRect(hControl), parent.left, parent.top);
   std::size_t nZone = 0;
   for (std::size_t i = 0; i < std::size(colors.zones); ++i) {
-    if (Contains(Moved(colors.zones[i], colors.base.left, colors.base.top), control)) nZone = i + 1;
+    if (Contains(From(colors.zones[i], colors.base.left, colors.base.top), control)) nZone = i + 1;
   }
   return nZone;
 }

@@ -70,7 +70,7 @@ class Scale {
     const std::int64_t nTwice = 2 * static_cast<std::int64_t>(nValue) * nTo + nFrom;
     const std::int64_t nDivisor = 2 * static_cast<std::int64_t>(nFrom);
     const std::int64_t nDown = nTwice < 0 && nTwice % nDivisor != 0 ? 1 : 0;
-    return static_cast<std::int32_t>(nTwice / nDivisor - nDown);
+    return ToMeasure(nTwice / nDivisor - nDown);
   }
 
   TextMetrics m_from;
@@ -82,20 +82,21 @@ Rect RectInDialog(WindowHandle hDialog, WindowHandle hControl) {
   Windows& windows = CurrentWindows();
   const Rect client = windows.ClientRect(hControl);
   const Point at = windows.ToClient(hDialog, windows.ToScreen(hControl, {0, 0}));
-  Rect rect{at.x, at.y, at.x + client.Width(), at.y + client.Height()};
+  Rect rect = RectAt(at, client.Width(), client.Height());
   if (IsCombo(hControl) && (windows.Style(hControl) & kComboKindMask) >= kComboDropDown) {
-    rect.bottom += CurrentPlatform().desktop.controls.DroppedRect(hControl).Height();
+    const Rect dropped = CurrentPlatform().desktop.controls.DroppedRect(hControl);
+    rect.bottom = ToMeasure(std::int64_t{rect.bottom} + dropped.Height());
   }
   return rect;
 }
 
-void WidenTo(WindowHandle hDialog, std::int32_t nWidth) {
+void WidenTo(WindowHandle hDialog, std::int64_t nWidth) {
   Windows& windows = CurrentWindows();
-  const std::int32_t nMissing = nWidth - windows.ClientRect(hDialog).Width();
+  const std::int64_t nMissing = nWidth - windows.ClientRect(hDialog).Width();
   if (nMissing <= 0) return;
   const Rect window = windows.WindowRect(hDialog);
-  windows.Place(hDialog, WindowOrder::kKeep, 0, 0, window.Width() + nMissing, window.Height(),
-                kPlaceNoMove | kPlaceNoOrder | kPlaceNoActivate);
+  windows.Place(hDialog, WindowOrder::kKeep, 0, 0, ToMeasure(window.Width() + nMissing),
+                window.Height(), kPlaceNoMove | kPlaceNoOrder | kPlaceNoActivate);
 }
 
 FontHandle CreateUnBold(FontHandle hFont) {
@@ -162,7 +163,7 @@ FontHandle UnBoldDialogFont(WindowHandle hDialog, std::int16_t nExtraWidth) try 
     if (!KeepsBoldFont(hControl)) windows.SetFont(hControl, hNew, false);
   }
   windows.PlaceAll(moves);
-  if (nExtraWidth != 0) WidenTo(hDialog, nRightmost + nExtraWidth);
+  if (nExtraWidth != 0) WidenTo(hDialog, std::int64_t{nRightmost} + nExtraWidth);
   return hNew;
 } catch (...) {
   return {};

@@ -15,6 +15,8 @@ constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kOneLetter = "X";
 constexpr Color kWhite = 0xFFFFFF;
 constexpr Color kGray = 8421504;
+// Deeper than any screen is wide.
+constexpr int kDeepestBevel = 32767;
 
 Canvas& CurrentCanvas() {
   return CurrentPlatform().desktop.canvas;
@@ -28,7 +30,7 @@ std::string_view TextOf(const char* szText, int nLength) {
 
 // The longest beginning of a line that fits the width: up to a blank, or as many characters as fit
 // where the first word is too long already; at least one.
-std::size_t FittingLength(ContextHandle hMeasure, std::string_view sLine, std::int32_t nWidth) {
+std::size_t FittingLength(ContextHandle hMeasure, std::string_view sLine, std::int64_t nWidth) {
   const auto fits = [&](std::size_t nLength) {
     return CurrentCanvas().TextExtent(hMeasure, sLine.substr(0, nLength)).cx <= nWidth;
   };
@@ -44,7 +46,7 @@ std::size_t FittingLength(ContextHandle hMeasure, std::string_view sLine, std::i
   return nBlank == std::string_view::npos || nBlank == 0 ? nFits : nBlank;
 }
 
-void Wrap(ContextHandle hMeasure, std::string_view sLine, std::int32_t nWidth,
+void Wrap(ContextHandle hMeasure, std::string_view sLine, std::int64_t nWidth,
           std::vector<std::string_view>& pieces) {
   do {
     const std::size_t nLength = FittingLength(hMeasure, sLine, nWidth);
@@ -56,7 +58,7 @@ void Wrap(ContextHandle hMeasure, std::string_view sLine, std::int32_t nWidth,
 }
 
 std::vector<std::string_view> Pieces(ContextHandle hMeasure, std::string_view sText,
-                                     std::int32_t nWidth, std::uint32_t nFlags) {
+                                     std::int64_t nWidth, std::uint32_t nFlags) {
   std::vector<std::string_view> pieces;
   if ((nFlags & kTextSingleLine) != 0) return {sText};
   for (;;) {
@@ -84,7 +86,7 @@ void DrawPiece(ContextHandle hContext, std::string_view sPiece, const Rect& line
   if (bClip) {
     Rect clip = place;
     if (IsLargeClipAllowed()) {
-      clip.right += 1;
+      clip.right = ToMeasure(std::int64_t{clip.right} + 1);
       if (clip.left > 0) clip.left -= 1;
     }
     canvas.Clip(hContext, clip);
@@ -141,25 +143,28 @@ enum class Edge { kTop, kBottom, kLeft, kRight };
 // Each line of an edge stands one step further in.
 void DrawEdge(ContextHandle hContext, const Rect& r, int nDepth, Edge eEdge, Color nColor) {
   const UsedPen pen(hContext, nColor);
+  nDepth = std::min(nDepth, kDeepestBevel);
   for (std::int32_t i = 0; i < nDepth; ++i) {
+    const Point topLeft = Moved(Point{r.left, r.top}, i, i);
+    const Point bottomRight = Moved(Point{r.right, r.bottom}, -i, -i);
     Point from{};
     Point to{};
     switch (eEdge) {
       case Edge::kTop:
-        from = {r.left + i, r.top + i};
-        to = {r.right - i, r.top + i};
+        from = topLeft;
+        to = {bottomRight.x, topLeft.y};
         break;
       case Edge::kBottom:
-        from = {r.left + i + 1, r.bottom - i - 1};
-        to = {r.right - i, r.bottom - i - 1};
+        from = Moved(Point{topLeft.x, bottomRight.y}, 1, -1);
+        to = Moved(bottomRight, 0, -1);
         break;
       case Edge::kLeft:
-        from = {r.left + i, r.top + i + 1};
-        to = {r.left + i, r.bottom - i};
+        from = Moved(topLeft, 0, 1);
+        to = {topLeft.x, bottomRight.y};
         break;
       case Edge::kRight:
-        from = {r.right - i - 1, r.top + i + 1};
-        to = {r.right - i - 1, r.bottom - i - 1};
+        from = Moved(Point{bottomRight.x, topLeft.y}, -1, 1);
+        to = Moved(bottomRight, -1, -1);
         break;
     }
     CurrentCanvas().Line(hContext, from, to);
@@ -170,30 +175,31 @@ void DrawEdge(ContextHandle hContext, const Rect& r, int nDepth, Edge eEdge, Col
 
 int MyDrawText(ContextHandle hContext, ContextHandle hMeasure, const char* szText, int nLength,
                const Rect& place, std::uint32_t nFlags) try {
-  const std::int32_t nWidth = place.right - place.left;
-  const std::int32_t nHeight = place.top - place.bottom;
+  const std::int64_t nWidth = std::int64_t{place.right} - place.left;
+  const std::int64_t nHeight = std::int64_t{place.top} - place.bottom;
   if (nWidth <= 0 || nHeight <= 0) return place.top;
   if (hContext == ContextHandle{}) hContext = hMeasure;
   if (hMeasure == ContextHandle{}) hMeasure = hContext;
   if ((nFlags & kTextWordBreak) != 0) nFlags &= ~(kTextVCenter | kTextBottom);
 
   const std::string_view sText = TextOf(szText, nLength);
-  if (sText.empty()) return place.top - HeightOf(hMeasure, {});
+  if (sText.empty()) return ToMeasure(std::int64_t{place.top} - HeightOf(hMeasure, {}));
   const std::vector<std::string_view> pieces = Pieces(hMeasure, sText, nWidth, nFlags);
-  std::int32_t nTotal = 0;
+  std::int64_t nTotal = 0;
   for (const std::string_view sPiece : pieces) nTotal += HeightOf(hMeasure, sPiece);
 
-  std::int32_t y = place.top;
+  std::int64_t y = place.top;
   if ((nFlags & kTextVCenter) != 0) y = place.top - (nHeight - nTotal) / 2;
   if ((nFlags & kTextBottom) != 0) y = place.bottom + nTotal;
   for (const std::string_view sPiece : pieces) {
-    const std::int32_t yBelow = y - HeightOf(hMeasure, sPiece);
+    const std::int64_t yBelow = y - HeightOf(hMeasure, sPiece);
     if (!sPiece.empty()) {
-      DrawPiece(hContext, sPiece, {place.left, y, place.right, yBelow}, place, nFlags);
+      DrawPiece(hContext, sPiece, {place.left, ToMeasure(y), place.right, ToMeasure(yBelow)}, place,
+                nFlags);
     }
     y = yBelow;
   }
-  return y;
+  return ToMeasure(y);
 } catch (...) {
   return place.top;
 }
@@ -214,8 +220,8 @@ int DrawTabClippedText(ContextHandle hContext, const Rect& place, const char* sz
     const bool bLast = nEnd == std::string_view::npos;
     const std::int64_t nRight =
         bLast ? place.right : std::min<std::int64_t>(stops(nTab), place.right);
-    Rect cell{static_cast<std::int32_t>(std::min<std::int64_t>(nLeft, place.right)), place.top,
-              static_cast<std::int32_t>(nRight), place.bottom};
+    Rect cell{ToMeasure(std::min<std::int64_t>(nLeft, place.right)), place.top, ToMeasure(nRight),
+              place.bottom};
     nTallest = std::max(
         nTallest, canvas.DrawText(hContext, sText.substr(0, nEnd), cell, nFlags & ~kTextRight));
     if (bLast) return nTallest;

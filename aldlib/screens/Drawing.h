@@ -38,7 +38,8 @@ constexpr std::uint32_t kBevelUpsideDown = 0x10;
 
 // Draws a bevel of nDepth lines inside the rectangle. Raised: top and left white, bottom and right
 // gray, with the flags exchanging left and right, and top and bottom. Not raised: gray lines at the
-// top and the left alone; the flags take the right and the bottom instead.
+// top and the left alone; the flags take the right and the bottom instead. A depth above 32767
+// counts as that.
 ALDLIB_EXPORT void DrawBevelRect(ContextHandle hContext, const Rect& place, int nDepth,
                                  std::uint32_t nFlags, int bRaised);
 

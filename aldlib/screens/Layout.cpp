@@ -16,8 +16,8 @@ Rect RectInParent(WindowHandle hParent, WindowHandle hControl) {
 
 // Where the flags of one direction put a span of length `nLength` that starts at `nOwn`; the flags
 // of the other direction stand eight bits further up.
-std::int32_t Aligned(std::uint32_t nFlags, std::int32_t nOwn, std::int32_t nLength,
-                     std::int32_t nReference, std::int32_t nReferenceLength) {
+std::int64_t Aligned(std::uint32_t nFlags, std::int64_t nOwn, std::int64_t nLength,
+                     std::int64_t nReference, std::int64_t nReferenceLength) {
   if ((nFlags & kAlignLeft) != 0) return nReference;
   if ((nFlags & kAlignRight) != 0) return nReference + nReferenceLength - nLength;
   if ((nFlags & kAlignRightOf) != 0) return nReference + nReferenceLength;
@@ -42,11 +42,14 @@ int AlignControls(WindowHandle hParent, int nId, int nReferenceId, std::int16_t 
   if (hControl == WindowHandle{} || hReference == WindowHandle{}) return 0;
   const Rect own = RectInParent(hParent, hControl);
   const Rect reference = RectInParent(hParent, hReference);
-  const std::int32_t y =
+  const std::int64_t y =
       Aligned(nFlags >> 8, own.top, own.Height(), reference.top, reference.Height()) + dy;
-  const std::int32_t x =
+  const std::int64_t x =
       Aligned(nFlags, own.left, own.Width(), reference.left, reference.Width()) + dx;
-  return CurrentWindows().Place(hControl, WindowOrder::kKeep, x, y, 0, 0, kMoveOnly) ? 1 : 0;
+  return CurrentWindows().Place(hControl, WindowOrder::kKeep, ToMeasure(x), ToMeasure(y), 0, 0,
+                                kMoveOnly)
+             ? 1
+             : 0;
 }
 
 int AlignStatToLB(WindowHandle hParent, int nId, int nReferenceId) {
@@ -61,8 +64,9 @@ void StretchDlgWindow(WindowHandle hParent, int nId, std::int16_t dw, std::int16
   const WindowHandle hControl = ControlOf(hParent, nId);
   if (hControl == WindowHandle{}) return;
   const Rect rect = CurrentWindows().WindowRect(hControl);
-  CurrentWindows().Place(hControl, WindowOrder::kKeep, 0, 0, rect.Width() + dw, rect.Height() + dh,
-                         kSizeOnly | kPlaceNoRedraw);
+  CurrentWindows().Place(hControl, WindowOrder::kKeep, 0, 0,
+                         ToMeasure(std::int64_t{rect.Width()} + dw),
+                         ToMeasure(std::int64_t{rect.Height()} + dh), kSizeOnly | kPlaceNoRedraw);
 }
 
 int AsWideAs(WindowHandle hParent, int nReferenceId, int nTargetId) {
@@ -80,9 +84,12 @@ void CenterWindow(WindowHandle hWindow, WindowHandle hReference, bool bVerticalT
   if (!windows.IsWindow(hWindow) || !windows.IsWindow(hReference)) return;
   const Rect own = windows.WindowRect(hWindow);
   const Rect reference = windows.WindowRect(hReference);
-  const std::int32_t x = reference.left + (reference.Width() - own.Width()) / 2;
+  const auto centred = [](std::int64_t nFrom, std::int64_t nRoom, std::int64_t nLength) {
+    return ToMeasure(nFrom + (nRoom - nLength) / 2);
+  };
+  const std::int32_t x = centred(reference.left, reference.Width(), own.Width());
   const std::int32_t y =
-      bVerticalToo ? reference.top + (reference.Height() - own.Height()) / 2 : own.top;
+      bVerticalToo ? centred(reference.top, reference.Height(), own.Height()) : own.top;
   const Point place = PlaceOf(hWindow, {x, y});
   windows.Place(hWindow, WindowOrder::kKeep, place.x, place.y, 0, 0, kMoveOnly);
 }
@@ -93,13 +100,13 @@ void ResizeDialogToBitmap(WindowHandle hDialog, const tagSIZE& bitmap, bool bWid
   if (!windows.IsWindow(hDialog)) return;
   const Rect window = windows.WindowRect(hDialog);
   const Rect client = windows.ClientRect(hDialog);
-  const auto margin = static_cast<std::int32_t>(nMargin);
+  const std::int64_t margin = static_cast<std::int32_t>(nMargin);
   // What the frame takes comes on top of the inside.
-  const std::int32_t cx =
+  const std::int64_t cx =
       bWidth ? bitmap.cx + margin + window.Width() - client.Width() : window.Width();
-  const std::int32_t cy =
+  const std::int64_t cy =
       bHeight ? bitmap.cy + margin + window.Height() - client.Height() : window.Height();
-  windows.Place(hDialog, WindowOrder::kKeep, 0, 0, cx, cy, kSizeOnly);
+  windows.Place(hDialog, WindowOrder::kKeep, 0, 0, ToMeasure(cx), ToMeasure(cy), kSizeOnly);
 }
 
 void ScreenToClientRect(WindowHandle hWindow, Rect* pRect) {

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <limits>
 #include <sstream>
 
 #include "aldlib/frame/LargeClip.h"
@@ -110,6 +111,26 @@ TEST_F(Drawing, ABevelIsWhiteAboveAndGrayBelow) {
             "gray 11,59-50,59; gray 12,58-49,58; gray 49,21-49,59; gray 48,22-48,58; ");
   EXPECT_EQ(lines(kBevelUpsideDown, 1).substr(0, 16), "gray 10,20-50,20");
   EXPECT_EQ(m_headless.Live().nPens, 0U);
+}
+
+TEST_F(Drawing, EndsWhereNumbersEnd) {
+  constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+  constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+  constexpr int kTabs[] = {kLeast, kMost};
+  for (const Rect& place : {Rect{kLeast, kMost, kMost, kLeast}, Rect{0, kLeast + 5, 70, kLeast},
+                            Rect{kMost - 5, kMost, kMost, kMost - 5}}) {
+    for (const std::uint32_t nFlags : {0U, kTextCenter | kTextVCenter, kTextRight | kTextBottom}) {
+      Draw("one two\r\nthree", place, nFlags);
+      DrawTabClippedText(m_hContext, place, "a\tb\tc\td", -1, kTabs, 2, place.left, nFlags);
+    }
+    DrawBevelRect(m_hContext, place, 3, 0, 1);
+  }
+  EXPECT_EQ(Draw("a\r\nb", {0, kLeast + 20, 70, kLeast}, 0),
+            std::to_string(kLeast + 20).insert(0, "a@") + " b@" + std::to_string(kLeast + 7) + " " +
+                std::to_string(kLeast));
+  m_headless.ForgetOutput();
+  DrawBevelRect(m_hContext, {10, 20, 50, 60}, kMost, 0, 0);
+  EXPECT_EQ(m_headless.Drawn().size(), 2U * 32767);
 }
 
 TEST_F(Drawing, ADialogWithoutItsBoldnessKeepsItsProportions) {

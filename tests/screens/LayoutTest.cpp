@@ -1,5 +1,7 @@
 #include "aldlib/screens/Layout.h"
 
+#include <limits>
+
 #include "aldlib/screens/Visibility.h"
 #include "tests/screens/Screen.h"
 
@@ -69,6 +71,33 @@ TEST_F(Layout, FitsADialogToABitmapInTheDirectionsAskedFor) {
   EXPECT_EQ(m_windows.WindowRect(m_hScreen), (Rect{100, 50, 308, 148}));
 }
 
+TEST_F(Layout, GoesAsFarAsNumbersGoAndNoFurther) {
+  constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+  constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+  constexpr std::int32_t kEnds[] = {kLeast, 0, kMost};
+  for (const std::int32_t nLeft : kEnds) {
+    for (const std::int32_t nRight : kEnds) {
+      const WindowHandle hFar = m_windows.Create({.sClass = "STATIC",
+                                                  .nStyle = kStylePopup | kStyleVisible,
+                                                  .place = {nLeft, nRight, nRight, nLeft}});
+      CenterWindow(hFar, m_hScreen, true);
+      CenterWindow(m_hScreen, hFar, true);
+      ResizeDialogToBitmap(hFar, {kMost, kLeast}, true, true, kMost);
+      m_windows.Place(m_hReference, WindowOrder::kKeep, nLeft, nRight, kMost, kMost, 0);
+      for (std::uint32_t nFlags = 1; nFlags <= kAlignMiddle; nFlags <<= 1) {
+        AlignControls(m_hScreen, kId, kReference, -3, 4, nFlags);
+      }
+      HideDlgCtlRange(m_hScreen, kId, kReference);
+      ShowDlgCtlRange(m_hScreen, kId, kReference);
+      m_windows.Destroy(hFar);
+    }
+  }
+  m_windows.Place(m_hScreen, WindowOrder::kKeep, 0, 0, 0, 0, kPlaceNoSize);
+  m_windows.Place(m_hReference, WindowOrder::kKeep, kMost - 1, 0, 10, 10, 0);
+  AlignControls(m_hScreen, kId, kReference, 5, 0, kAlignLeft);
+  EXPECT_EQ(m_windows.WindowRect(m_hControl).left, kMost);
+}
+
 TEST_F(Layout, AsksAControlForItsRectangle) {
   std::intptr_t nAnswer = 1;
   Rect told{1, 2, 3, 4};
@@ -124,6 +153,29 @@ TEST_F(Visibility, HidesARangeWithItsMnemonicsAndPaintsOnce) {
   m_headless.ForgetOutput();
   HideDlgCtlRange(m_hScreen, 50, 60);
   EXPECT_TRUE(m_headless.Invalidated().empty());
+}
+
+TEST_F(Visibility, RangesOfAnyWidthReachWhatIsThereInTheOrderOfIds) {
+  constexpr int kFirst = std::numeric_limits<int>::min();
+  constexpr int kLast = std::numeric_limits<int>::max();
+  const WindowHandle hLast = Add("BUTTON", kLast, "", {}, kButtonAutoRadio);
+  Add("BUTTON", kFirst, "");
+  m_desktop.controls.SetCheck(hLast, 1);
+  EXPECT_EQ(GetDlgRadioCheck(m_hScreen, 5, kLast), kLast - 5);
+  EnableDlgWindowRange(m_hScreen, 3, kLast, 0);
+  EXPECT_FALSE(m_windows.IsEnabled(hLast));
+  EXPECT_TRUE(m_windows.IsEnabled(Control(2)));
+  // The first control takes a later one away while it is asked for its place.
+  m_windows.SetProcedure(Control(kFirst), [&](WindowHandle hControl, std::uint32_t nMessage,
+                                              std::uint32_t nWord, std::intptr_t nLong) {
+    if (nMessage == kMessageAskRect) m_windows.Destroy(Control(4));
+    return m_windows.DefaultProcedure(hControl, nMessage, nWord, nLong);
+  });
+  HideDlgCtlRange(m_hScreen, kFirst, kLast);
+  EXPECT_EQ(Seen(), "");
+  ShowDlgCtlRange(m_hScreen, kFirst, kLast);
+  EXPECT_EQ(Seen(), "125");
+  EXPECT_TRUE(m_windows.IsVisible(hLast));
 }
 
 TEST_F(Visibility, SwapsRangesAndLists) {

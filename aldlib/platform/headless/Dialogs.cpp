@@ -21,7 +21,7 @@ constexpr std::uint32_t kKeyF1 = 0x70;
 std::int32_t Scaled(std::int32_t nValue, std::int32_t nTimes, std::int32_t nOver) {
   const std::int64_t nProduct = std::int64_t{nValue} * nTimes;
   const std::int64_t nHalf = nProduct < 0 ? -nOver / 2 : nOver / 2;
-  return static_cast<std::int32_t>((nProduct + nHalf) / nOver);
+  return ToMeasure((nProduct + nHalf) / nOver);
 }
 
 // A font's height of so many points on a screen of 96 dots an inch, as fonts are asked for.
@@ -69,9 +69,9 @@ WindowHandle HeadlessWindows::MakeDialog(WindowHandle hOwner, ModuleHandle hModu
       MapDialogRect(hDialog, {dialog.x, dialog.y, dialog.x + dialog.cx, dialog.y + dialog.cy});
   const Rect frame = FrameOf(pDialog->nStyle);
   const Point origin = pDialog->IsChild() ? Point{0, 0} : ToScreen(pDialog->hParent, {0, 0});
-  const Point at{origin.x + inside.left, origin.y + inside.top};
-  pDialog->place = {at.x, at.y, at.x + inside.Width() + frame.left + frame.right,
-                    at.y + inside.Height() + frame.top + frame.bottom};
+  pDialog->place = RectAt(Moved(origin, inside.left, inside.top),
+                          std::int64_t{inside.Width()} + frame.left + frame.right,
+                          std::int64_t{inside.Height()} + frame.top + frame.bottom);
 
   for (const DialogItem& item : dialog.items) {
     WindowSpec control;

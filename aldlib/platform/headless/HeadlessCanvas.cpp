@@ -119,7 +119,8 @@ const tagLOGFONTA& HeadlessCanvas::FontOf(FontHandle hFont) {
 std::int32_t HeadlessCanvas::WidthOf(FontHandle hFont, std::string_view sText) {
   const tagLOGFONTA& font = FontOf(hFont);
   if (m_parts.pView != nullptr) return m_parts.pView->WidthOf(font, sText);
-  return static_cast<std::int32_t>(sText.size()) * MetricsOfFont(font).nAverageWidth;
+  // No text of a process is so long that this leaves 64 bits.
+  return ToMeasure(static_cast<std::int64_t>(sText.size()) * MetricsOfFont(font).nAverageWidth);
 }
 
 TextMetrics HeadlessCanvas::Metrics(ContextHandle hContext) {
@@ -143,35 +144,35 @@ int HeadlessCanvas::DrawText(ContextHandle hContext, std::string_view sText, Rec
     return WidthOf(hFont, sLine);
   };
   const std::vector<CString> lines = LinesOf(sText, nTextBits, std::max(0, place.Width()), widthOf);
-  const std::int32_t nHeight = static_cast<std::int32_t>(lines.size()) * metrics.nHeight;
+  const std::int32_t nHeight = ToMeasure(static_cast<std::int64_t>(lines.size()) * metrics.nHeight);
   const bool bUpward = pContext->tools.bUpward;
   if ((nTextBits & kTextCalculate) != 0) {
     std::int32_t nWidest = 0;
     for (const CString& sLine : lines) nWidest = std::max(nWidest, widthOf(sLine));
-    place.right = place.left + nWidest;
-    place.bottom = bUpward ? place.top - nHeight : place.top + nHeight;
+    place = RectAt({place.left, place.top}, nWidest, bUpward ? -std::int64_t{nHeight} : nHeight);
     return nHeight;
   }
 
   const Rect room = Downward(*pContext, place);
-  std::int32_t y = room.top;
+  std::int64_t y = room.top;
   if ((nTextBits & kTextSingleLine) != 0) {
     if ((nTextBits & kTextBottom) != 0) {
-      y = room.bottom - nHeight;
+      y = std::int64_t{room.bottom} - nHeight;
     } else if ((nTextBits & kTextVCenter) != 0) {
-      y += (room.Height() - nHeight) / 2;
+      y += (std::int64_t{room.Height()} - nHeight) / 2;
     }
   }
   for (const CString& sLine : lines) {
-    const std::int32_t nSpare = room.Width() - widthOf(sLine);
-    std::int32_t x = room.left;
+    const std::int32_t nLine = widthOf(sLine);
+    const std::int64_t nSpare = std::int64_t{room.Width()} - nLine;
+    std::int64_t x = room.left;
     if ((nTextBits & kTextRight) != 0) {
       x += nSpare;
     } else if ((nTextBits & kTextCenter) != 0) {
       x += nSpare / 2;
     }
-    DrawnItem item =
-        NewItem(DrawnItem::Kind::kText, *pContext, {x, y, x + widthOf(sLine), y + metrics.nHeight});
+    DrawnItem item = NewItem(DrawnItem::Kind::kText, *pContext,
+                             RectAt({ToMeasure(x), ToMeasure(y)}, nLine, metrics.nHeight));
     item.sText = sLine;
     item.nColor = pContext->tools.nText;
     item.nBackground = pContext->tools.nBackground;
@@ -183,15 +184,16 @@ int HeadlessCanvas::DrawText(ContextHandle hContext, std::string_view sText, Rec
     Note(std::move(item));
     y += metrics.nHeight;
   }
-  return y - room.top;
+  return ToMeasure(y - room.top);
 }
 
 Rect HeadlessCanvas::Downward(const DeviceContext& context, const Rect& place) const {
   if (!context.tools.bUpward) return place;
-  const std::int32_t nLowerEdge = context.hWindow != WindowHandle{}
+  const std::int64_t nLowerEdge = context.hWindow != WindowHandle{}
                                       ? m_parts.windows.ClientRect(context.hWindow).bottom
                                       : m_parts.windows.Metric(kMetricScreenHeight);
-  return {place.left, nLowerEdge - place.top, place.right, nLowerEdge - place.bottom};
+  return {place.left, ToMeasure(nLowerEdge - place.top), place.right,
+          ToMeasure(nLowerEdge - place.bottom)};
 }
 
 DrawnItem HeadlessCanvas::NewItem(DrawnItem::Kind kind, const DeviceContext& context,
@@ -325,8 +327,8 @@ bool HeadlessCanvas::DrawIcon(ContextHandle hContext, Point at, IconHandle hIcon
     return false;
   }
   at.y = Downward(*pContext, {at.x, at.y, at.x, at.y}).top;
-  DrawnItem item = NewItem(DrawnItem::Kind::kIcon, *pContext,
-                           {at.x, at.y, at.x + kHeadlessIcon.cx, at.y + kHeadlessIcon.cy});
+  DrawnItem item =
+      NewItem(DrawnItem::Kind::kIcon, *pContext, RectAt(at, kHeadlessIcon.cx, kHeadlessIcon.cy));
   item.hIcon = hIcon;
   Note(std::move(item));
   return true;

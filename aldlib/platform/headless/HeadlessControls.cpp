@@ -134,7 +134,8 @@ Rect HeadlessControls::DroppedRect(WindowHandle hCombo) {
   if (pCombo == nullptr || pCombo->pClass->kind != WindowKind::kCombo) return {};
   Rect place = m_parts.windows.WindowRect(hCombo);
   if ((pCombo->nStyle & kComboKindMask) != 1) {
-    place.bottom += kLines * m_parts.canvas.MetricsOf(pCombo->hFont).nHeight;
+    const std::int64_t nLine = m_parts.canvas.MetricsOf(pCombo->hFont).nHeight;
+    place.bottom = ToMeasure(place.bottom + kLines * nLine);
   }
   return place;
 }

@@ -88,10 +88,10 @@ void HeadlessPresenter::CenterOverOwner(WindowHandle hBox) {
   const Rect over =
       windows.IsVisible(hOwner) ? windows.WindowRect(hOwner) : Rect{0, 0, screen.cx, screen.cy};
   const Rect box = windows.WindowRect(hBox);
-  const std::int32_t x = over.left + (over.Width() - box.Width()) / 2;
-  const std::int32_t y = over.top + (over.Height() - box.Height()) / 2;
-  windows.Place(hBox, WindowOrder::kKeep, std::max(0, x), std::max(0, y), 0, 0,
-                kPlaceNoSize | kPlaceNoOrder | kPlaceNoActivate);
+  const std::int64_t x = over.left + (std::int64_t{over.Width()} - box.Width()) / 2;
+  const std::int64_t y = over.top + (std::int64_t{over.Height()} - box.Height()) / 2;
+  windows.Place(hBox, WindowOrder::kKeep, std::max(0, ToMeasure(x)), std::max(0, ToMeasure(y)), 0,
+                0, kPlaceNoSize | kPlaceNoOrder | kPlaceNoActivate);
 }
 
 // On a screen the text is measured as it will look, and broken at words. Some room is added for the

@@ -6,10 +6,6 @@
 namespace ald {
 namespace {
 
-Rect MovedBy(const Rect& place, std::int32_t dx, std::int32_t dy) {
-  return {place.left + dx, place.top + dy, place.right + dx, place.bottom + dy};
-}
-
 bool IsEmpty(const Rect& place) {
   return place.right <= place.left || place.bottom <= place.top;
 }
@@ -31,30 +27,30 @@ Rect HeadlessWindows::WindowRect(WindowHandle hWindow) {
   if (pWindow == nullptr) return {};
   if (!pWindow->IsChild()) return pWindow->place;
   const Point origin = ToScreen(pWindow->hParent, {0, 0});
-  return MovedBy(pWindow->place, origin.x, origin.y);
+  return Moved(pWindow->place, origin.x, origin.y);
 }
 
 Rect HeadlessWindows::ClientRect(WindowHandle hWindow) {
   const HeadlessWindow* const pWindow = Find(hWindow);
   if (pWindow == nullptr) return {};
   const Rect frame = FrameOf(pWindow->nStyle);
-  return {0, 0, std::max(0, pWindow->place.Width() - frame.left - frame.right),
-          std::max(0, pWindow->place.Height() - frame.top - frame.bottom)};
+  return {0, 0, std::max(0, std::max(0, pWindow->place.Width()) - frame.left - frame.right),
+          std::max(0, std::max(0, pWindow->place.Height()) - frame.top - frame.bottom)};
 }
 
 Point HeadlessWindows::ToScreen(WindowHandle hWindow, Point client) {
   for (const HeadlessWindow* pWindow = Find(hWindow); pWindow != nullptr;
        pWindow = pWindow->IsChild() ? Find(pWindow->hParent) : nullptr) {
     const Rect frame = FrameOf(pWindow->nStyle);
-    client.x += pWindow->place.left + frame.left;
-    client.y += pWindow->place.top + frame.top;
+    client = Moved(client, std::int64_t{pWindow->place.left} + frame.left,
+                   std::int64_t{pWindow->place.top} + frame.top);
   }
   return client;
 }
 
 Point HeadlessWindows::ToClient(WindowHandle hWindow, Point screen) {
   const Point origin = ToScreen(hWindow, {0, 0});
-  return {screen.x - origin.x, screen.y - origin.y};
+  return Moved(screen, -std::int64_t{origin.x}, -std::int64_t{origin.y});
 }
 
 bool HeadlessWindows::Place(WindowHandle hWindow, WindowOrder order, std::int32_t x, std::int32_t y,
@@ -64,10 +60,11 @@ bool HeadlessWindows::Place(WindowHandle hWindow, WindowOrder order, std::int32_
   const Rect before = pWindow->place;
   const bool bWasShown = pWindow->IsShown();
   Rect place = before;
-  if ((nPlaceBits & kPlaceNoMove) == 0) place = MovedBy(place, x - place.left, y - place.top);
+  if ((nPlaceBits & kPlaceNoMove) == 0) {
+    place = Moved(place, std::int64_t{x} - place.left, std::int64_t{y} - place.top);
+  }
   if ((nPlaceBits & kPlaceNoSize) == 0) {
-    place.right = place.left + std::max(0, cx);
-    place.bottom = place.top + std::max(0, cy);
+    place = RectAt({place.left, place.top}, std::max(0, cx), std::max(0, cy));
   }
   pWindow->place = place;
   m_parts.Changed(hWindow);
