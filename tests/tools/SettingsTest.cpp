@@ -127,6 +127,7 @@ TEST_F(SettingsTest, InAFileThatIsNoStoreAreReportedAndLeftAlone) {
 
 TEST_F(SettingsTest, BringMessagesBackThatWereSwitchedOff) {
   EXPECT_THAT(RunAldtool("onetime list").sOutput, HasSubstr("shown  CLOSECOMPANYMSG\n"));
+  EXPECT_FALSE(std::filesystem::exists(UserFile()));  // looking makes no store
   EXPECT_EQ(RunAldtool("prefs set 'One Time Messages' CLOSECOMPANYMSG yes --type yesno").nStatus,
             0);
   EXPECT_THAT(RunAldtool("onetime list").sOutput, HasSubstr("off    CLOSECOMPANYMSG\n"));

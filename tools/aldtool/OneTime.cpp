@@ -5,10 +5,26 @@
 
 namespace aldtool {
 
+namespace {
+
+// Whether there are preferences at all. Reading one would make a store where there is none.
+bool IsAnythingStored() {
+  const auto isStored = [](ald::RegistryKey hRoot) {
+    return ald::CRegKey(
+               ald::CurrentPlatform().registry.Open(hRoot, "SOFTWARE\\Alderfell", ald::kReadAccess))
+        .IsOpen();
+  };
+  return isStored(ald::kCurrentUser) || isStored(ald::kLocalMachine);
+}
+
+}  // namespace
+
 int RunOneTimeList() {
+  const bool bStored = IsAnythingStored();
   for (std::size_t i = 0; ald::OneTimeMessageKey(i) != nullptr; ++i) {
     const char* const szKey = ald::OneTimeMessageKey(i);
-    std::cout << (ald::IsOneTimeMessageOff(szKey) ? "off    " : "shown  ") << szKey << "\n";
+    std::cout << (bStored && ald::IsOneTimeMessageOff(szKey) ? "off    " : "shown  ") << szKey
+              << "\n";
   }
   return kGood;
 }
