@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <limits>
+
 #include "tests/support/DesktopContract.h"
 
 // Drawing tools and menus.
@@ -34,6 +36,32 @@ TEST_P(DesktopContract, MeasuresTextInTheSelectedFont) {
   EXPECT_EQ(place.Width(), m_canvas.TextExtent(hContext, "three").cx);
   m_canvas.Release(hContext);
   EXPECT_EQ(m_canvas.TextExtent(hContext, "x"), Size{});
+}
+
+TEST_P(DesktopContract, PlacesAndDrawsAsFarAsNumbersGo) {
+  constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+  constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+  const WindowHandle hWindow = TopLevel(kStylePopup | kStyleVisible);
+  const WindowHandle hChild = Control(hWindow, "STATIC", 5);
+  const ContextHandle hContext = m_canvas.Context(hWindow);
+  for (const Rect& place : {Rect{kLeast, kLeast, kMost, kMost}, Rect{kMost, kMost, kLeast, kLeast},
+                            Rect{kMost - 9, kLeast, kMost, kLeast + 9}}) {
+    m_windows.Place(hChild, WindowOrder::kKeep, place.left, place.top, 30, 20, 0);
+    EXPECT_LE(m_windows.WindowRect(hChild).Width(), 30);
+    m_windows.Place(hChild, WindowOrder::kKeep, 5, 5, place.right, place.bottom, 0);
+    for (const bool bUpward : {false, true}) {
+      m_canvas.SetUpward(hContext, bUpward);
+      for (const std::uint32_t nBits : {kTextCalculate, kTextCenter | kTextSingleLine}) {
+        Rect room = place;
+        EXPECT_GT(m_canvas.DrawText(hContext, "far\naway", room, nBits), 0);
+      }
+      EXPECT_TRUE(m_canvas.Line(hContext, {place.left, place.top}, {place.right, place.bottom}));
+      EXPECT_TRUE(
+          m_canvas.DrawIcon(hContext, {place.right, place.bottom}, m_canvas.SystemIcon(0x7F01)));
+    }
+    Drain();
+  }
+  m_canvas.Release(hContext);
 }
 
 TEST_P(DesktopContract, DescribesFontsUntilTheyAreDeleted) {

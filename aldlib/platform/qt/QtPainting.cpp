@@ -24,10 +24,6 @@ QColor ColorOf(Color nColor) {
                 static_cast<int>(nColor >> 16 & 0xFF));
 }
 
-QRect RectOf(const Rect& place) {
-  return QRect(place.left, place.top, place.Width(), place.Height());
-}
-
 // A negative height is that of the letters, a positive one that of the line.
 QFont MakeFont(const tagLOGFONTA& asked) {
   QFont font;
@@ -119,8 +115,8 @@ void QtView::Draw(const DrawnItem& item, const tagLOGFONTA& font) {
 
 void QtView::Paint(QPaintDevice& device, const DrawnItem& item, const tagLOGFONTA& font) {
   QPainter painter(&device);
-  if (item.clip) painter.setClipRect(RectOf(*item.clip));
-  const QRect place = RectOf(item.place);
+  if (item.clip) painter.setClipRect(QtRectOf(*item.clip));
+  const QRect place = QtRectOf(item.place);
   switch (item.kind) {
     case DrawnItem::Kind::kText: {
       const Font& used = FontOf(font);
@@ -134,7 +130,8 @@ void QtView::Paint(QPaintDevice& device, const DrawnItem& item, const tagLOGFONT
       // The last point of a line is not drawn.
       const auto before = [](int nFrom, int nTo) { return nTo - (nTo > nFrom) + (nTo < nFrom); };
       painter.setPen(ColorOf(item.nColor));
-      const Rect& line = item.place;
+      const Rect line{QtMeasure(item.place.left), QtMeasure(item.place.top),
+                      QtMeasure(item.place.right), QtMeasure(item.place.bottom)};
       if (line.left == line.right && line.top == line.bottom) break;
       painter.drawLine(line.left, line.top, before(line.left, line.right),
                        before(line.top, line.bottom));

@@ -174,7 +174,7 @@ void QtView::UpdateWindow(WindowHandle hWindow) {
   UpdateOrder(window, shown);
   if (!window.IsChild()) return UpdateOuter(hWindow, window, shown);
   QWidget& widget = *shown.pInside;
-  QRect place(window.place.left, window.place.top, window.place.Width(), window.place.Height());
+  QRect place = QtRectOf(window.place);
   // The place of a combo has room for its list.
   if (window.pClass->kind == WindowKind::kCombo) {
     place.setHeight(std::min(place.height(), widget.sizeHint().height()));
@@ -198,10 +198,10 @@ void QtView::UpdateOuter(WindowHandle hWindow, const HeadlessWindow& window, Sho
 
   const Rect frame = DesktopInput::FrameOf(window.nStyle);
   const int nMenu = shown.pMenu.isNull() ? 0 : shown.pMenu->sizeHint().height();
-  const int cx = std::max(0, window.place.Width() - frame.left - frame.right);
-  const int cy = std::max(0, window.place.Height() - frame.top - frame.bottom);
-  const QRect place(window.place.left + frame.left, window.place.top + frame.top - nMenu, cx,
-                    cy + nMenu);
+  const QRect whole = QtRectOf(window.place);
+  const int cx = std::max(0, whole.width() - frame.left - frame.right);
+  const int cy = std::max(0, whole.height() - frame.top - frame.bottom);
+  const QRect place(whole.left() + frame.left, whole.top() + frame.top - nMenu, cx, cy + nMenu);
   const bool bSizable = (window.nStyle & kStyleSizable) != 0;
   if (!bSizable && outer.maximumSize() != place.size()) outer.setFixedSize(place.size());
   if (outer.geometry() != place) outer.setGeometry(place);

@@ -10,8 +10,10 @@
 #include <QObject>
 #include <QPixmap>
 #include <QPointer>
+#include <QRect>
 #include <QTimer>
 #include <QWidget>
+#include <algorithm>
 #include <deque>
 #include <map>
 #include <memory>
@@ -25,6 +27,18 @@
 class QMenu;
 
 namespace ald {
+
+// Qt reckons with places in 32 bits and has no wider widget than this. What lies further out is cut
+// there, far beyond every screen.
+inline int QtMeasure(std::int64_t n) {
+  constexpr std::int64_t kMost = QWIDGETSIZE_MAX;
+  return static_cast<int>(std::clamp(n, -kMost, kMost));
+}
+inline QRect QtRectOf(const Rect& place) {
+  const int x = QtMeasure(place.left);
+  const int y = QtMeasure(place.top);
+  return QRect(x, y, QtMeasure(place.right) - x, QtMeasure(place.bottom) - y);
+}
 
 // Widgets for the windows in memory. What changed is noted, and the widgets are brought in line
 // when the queue is next asked. What Qt tells of the user is only put into the queue: no code of
