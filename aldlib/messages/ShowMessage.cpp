@@ -7,6 +7,7 @@
 #include "aldlib/platform/Desktop.h"
 #include "aldlib/platform/Platform.h"
 #include "aldlib/platform/internal/NeverDestroyed.h"
+#include "aldlib/platform/internal/Undo.h"
 #include "aldlib/screens/HelpLevel.h"
 #include "aldlib/screens/MessagePump.h"
 #include "aldlib/text/Strings.h"
@@ -32,7 +33,9 @@ class KeptFocus {
   KeptFocus() : m_hFocus(CurrentDesktop().windows.Focus()) {}
   KeptFocus(const KeptFocus&) = delete;
   KeptFocus& operator=(const KeptFocus&) = delete;
-  ~KeptFocus() { Restore(); }
+  ~KeptFocus() {
+    Undo([this] { Restore(); });
+  }
 
   WindowHandle Window() const { return m_hFocus; }
   void Restore() const {
@@ -51,8 +54,12 @@ class Attention {
   Attention(const Attention&) = delete;
   Attention& operator=(const Attention&) = delete;
   ~Attention() {
-    if (m_hTimer != WindowHandle{}) CurrentDesktop().queue.KillTimer(m_hTimer, kWaitTimer);
-    if (m_hFlashed != WindowHandle{}) CurrentDesktop().windows.Flash(m_hFlashed, false);
+    if (m_hTimer != WindowHandle{}) {
+      Undo([this] { CurrentDesktop().queue.KillTimer(m_hTimer, kWaitTimer); });
+    }
+    if (m_hFlashed != WindowHandle{}) {
+      Undo([this] { CurrentDesktop().windows.Flash(m_hFlashed, false); });
+    }
   }
 
   // False if there is no timer to wake the queue.
@@ -114,8 +121,10 @@ class ModelessDisabled {
   ModelessDisabled& operator=(const ModelessDisabled&) = delete;
   ~ModelessDisabled() {
     const WindowHandle hEnable = m_hDisabled != WindowHandle{} ? m_hDisabled : m_hOwner;
-    if (hEnable != WindowHandle{}) CurrentDesktop().windows.Enable(hEnable, true);
-    CurrentDesktop().presenter.EnableModeless();
+    if (hEnable != WindowHandle{}) {
+      Undo([hEnable] { CurrentDesktop().windows.Enable(hEnable, true); });
+    }
+    Undo([] { CurrentDesktop().presenter.EnableModeless(); });
   }
 
   WindowHandle Owner() const { return m_hOwner; }
@@ -224,7 +233,8 @@ class HiddenOwner {
   HiddenOwner(const HiddenOwner&) = delete;
   HiddenOwner& operator=(const HiddenOwner&) = delete;
   ~HiddenOwner() {
-    if (m_hWindow != WindowHandle{}) CurrentDesktop().windows.Destroy(m_hWindow);
+    if (m_hWindow == WindowHandle{}) return;
+    Undo([this] { CurrentDesktop().windows.Destroy(m_hWindow); });
   }
 
   WindowHandle Window() const { return m_hWindow; }

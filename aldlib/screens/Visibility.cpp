@@ -4,6 +4,7 @@
 #include <limits>
 #include <span>
 
+#include "aldlib/platform/internal/Undo.h"
 #include "aldlib/screens/Layout.h"
 #include "aldlib/screens/internal/ControlKinds.h"
 #include "aldlib/screens/internal/ControlOf.h"
@@ -53,7 +54,8 @@ class Change {
   Change(const Change&) = delete;
   Change& operator=(const Change&) = delete;
   ~Change() {
-    if (m_bAny) CurrentWindows().Invalidate(m_hParent, &m_covered, true);
+    if (!m_bAny) return;
+    Undo([this] { CurrentWindows().Invalidate(m_hParent, &m_covered, true); });
   }
 
   void Apply(WindowHandle hControl) {

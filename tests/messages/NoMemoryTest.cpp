@@ -1,6 +1,7 @@
 // The box that says that memory has run out must not ask for any.
 #include <gtest/gtest.h>
 
+#include "aldlib/frame/Alderlib.h"
 #include "aldlib/frame/MemStore.h"
 #include "aldlib/messages/Messages.h"
 #include "aldlib/platform/Platform.h"
@@ -153,6 +154,39 @@ TEST(MemoryFailure, IsShownWithoutTakingMemory) {
   EXPECT_EQ(Lib_Message(0, MessageByNumber(20300)), kButtonCancel);
   EXPECT_EQ(presenter.m_nBoxes, 2);
   MoveToPlatform(nullptr);
+}
+
+// The desktop in memory does ask for some, to show a box and to put away what was shown.
+TEST(MemoryFailure, EndsABoxWithoutAnAnswerAndTheApplicationGoesOn) {
+  FakePlatform fake;
+  Windows& windows = CurrentPlatform().desktop.windows;
+  WindowSpec spec;
+  spec.sClass = "STATIC";
+  const WindowHandle hLedger = windows.Create(spec);
+  spec.hParent = hLedger;
+  const WindowHandle hOwned = windows.Create(spec);
+  spec.hParent = {};
+  const WindowHandle hOther = windows.Create(spec);
+
+  for (const char* szText : {"|Invalid date", "*Saved", "?Delete?"}) {
+    windows.SetFocus(hOther);
+    windows.SetFocus(hLedger);
+    const std::size_t nWindows = windows.TopLevel().size();
+    bool bAnswered = false;
+    const int nRefused = RefuseEach([&] { bAnswered = Message(0, MessageByText(szText)) != 0; },
+                                    [&](bool bRefused) {
+                                      EXPECT_EQ(MyAlderLibDataPtr->bInMessage, 0);
+                                      if (!bRefused) {
+                                        EXPECT_TRUE(bAnswered) << szText;
+                                        EXPECT_EQ(windows.Focus(), hLedger) << szText;
+                                      }
+                                      windows.SetFocus(hOther);
+                                      windows.SetFocus(hLedger);
+                                    });
+    EXPECT_GT(nRefused, 0);
+    EXPECT_EQ(windows.TopLevel().size(), nWindows) << szText;
+  }
+  EXPECT_TRUE(windows.IsWindow(hOwned));
 }
 
 }  // namespace

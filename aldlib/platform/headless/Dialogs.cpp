@@ -3,6 +3,7 @@
 
 #include "aldlib/platform/Characters.h"
 #include "aldlib/platform/headless/internal/HeadlessParts.h"
+#include "aldlib/platform/internal/Undo.h"
 
 // Dialogs out of templates, and what the keyboard does in them.
 namespace ald {
@@ -58,6 +59,10 @@ WindowHandle HeadlessWindows::MakeDialog(WindowHandle hOwner, ModuleHandle hModu
   const WindowHandle hDialog = Create(spec);
   HeadlessWindow* pDialog = Find(hDialog);
   if (pDialog == nullptr) return {};
+  bool bMade = false;
+  const UndoAtEnd end([&] {
+    if (!bMade) Destroy(hDialog);
+  });
 
   pDialog->hDialogFont = m_parts.canvas.CreateFont(DialogFont(dialog));
   pDialog->hFont = pDialog->hDialogFont;
@@ -83,10 +88,7 @@ WindowHandle HeadlessWindows::MakeDialog(WindowHandle hOwner, ModuleHandle hModu
     control.nId = item.nId;
     control.hModule = hModule;
     const WindowHandle hControl = Create(control);
-    if (hControl == WindowHandle{}) {
-      Destroy(hDialog);
-      return {};
-    }
+    if (hControl == WindowHandle{}) return {};
     if (Find(hControl)->IsPushButton() && (item.nStyle & kButtonKindMask) == kButtonDefaultPush) {
       pDialog->nDefaultId = item.nId;
     }
@@ -116,7 +118,8 @@ WindowHandle HeadlessWindows::MakeDialog(WindowHandle hOwner, ModuleHandle hModu
   const bool bPlaceFocus = Call(hDialog, kMessageInitDialog, WordOf(hFirst), nInit) != 0;
   if (bPlaceFocus && IsWindow(hFirst)) SetFocus(hFirst);
   if (bShow && IsWindow(hDialog)) Show(hDialog, kShowNormal);
-  return IsWindow(hDialog) ? hDialog : WindowHandle{};
+  bMade = IsWindow(hDialog);
+  return bMade ? hDialog : WindowHandle{};
 }
 
 Rect HeadlessWindows::MapDialogRect(WindowHandle hDialog, const Rect& units) {

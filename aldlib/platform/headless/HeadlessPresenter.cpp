@@ -4,6 +4,7 @@
 #include "aldlib/platform/headless/internal/BoxLayout.h"
 #include "aldlib/platform/headless/internal/HeadlessParts.h"
 #include "aldlib/platform/headless/internal/TextLayout.h"
+#include "aldlib/platform/internal/Undo.h"
 
 // Boxes and dialogs: a loop that serves the queue, and asks the scripted user whenever nothing
 // waits there.
@@ -22,15 +23,16 @@ int HeadlessPresenter::PlainBox(WindowHandle hOwner, const CString& sText, const
 
 int HeadlessPresenter::FrameworkBox(const CString& sText, std::uint32_t nFlags,
                                     std::int32_t nHelpTopic) {
-  DisableModeless();
   WindowHandle hDisabled{};
+  const UndoAtEnd end([&] {
+    Undo([&] { m_parts.windows.Enable(hDisabled, true); });
+    EnableModeless();
+  });
+  DisableModeless();
   const WindowHandle hOwner = SafeOwner(hDisabled);
-  const int nAnswer = ShowBox(
+  return ShowBox(
       {{}, ShownBox::Kind::kFramework, hOwner, sText, m_sApplication, nFlags, nHelpTopic, 0},
       nullptr);
-  m_parts.windows.Enable(hDisabled, true);
-  EnableModeless();
-  return nAnswer;
 }
 
 int HeadlessPresenter::HelpBox(WindowHandle hOwner, const CString& sText, const CString& sCaption,
@@ -123,28 +125,29 @@ std::intptr_t HeadlessPresenter::Run(const Running& begun, WindowHandle hOwner,
                                      DialogProcedure procedure, std::intptr_t nInit) {
   HeadlessWindows& windows = m_parts.windows;
   const WindowHandle hOwnerTop = windows.TopLevelOf(hOwner);
-  const bool bOwnerWasDisabled = windows.Enable(hOwnerTop, false);
   const std::size_t nRun = m_running.size();
   m_running.push_back(begun);
+  WindowHandle hDialog{};
+  const bool bOwnerWasDisabled = windows.Enable(hOwnerTop, false);
+  // A handler may throw; the dialogs behind go on, and the owner must not stay disabled.
+  const UndoAtEnd end([&] {
+    m_running.resize(nRun);
+    if (!bOwnerWasDisabled) Undo([&] { windows.Enable(hOwnerTop, true); });
+    windows.Destroy(hDialog);
+  });
 
   // The handler of the first message may already end the dialog, so it must know of the run.
   const auto known = [this, nRun, handler = std::move(procedure)](
-                         WindowHandle hDialog, std::uint32_t nMessage, std::uint32_t nWord,
+                         WindowHandle hMade, std::uint32_t nMessage, std::uint32_t nWord,
                          std::intptr_t nLong) -> std::intptr_t {
-    if (nRun < m_running.size() && nMessage == kMessageInitDialog) {
-      m_running[nRun].hDialog = hDialog;
-    }
-    if (handler) return handler(hDialog, nMessage, nWord, nLong);
+    if (nRun < m_running.size() && nMessage == kMessageInitDialog) m_running[nRun].hDialog = hMade;
+    if (handler) return handler(hMade, nMessage, nWord, nLong);
     return nMessage == kMessageInitDialog ? 1 : 0;
   };
-  const WindowHandle hDialog = windows.MakeDialog(hOwnerTop, hModule, dialog, known, nInit, true);
+  hDialog = windows.MakeDialog(hOwnerTop, hModule, dialog, known, nInit, true);
   const bool bMade = hDialog != WindowHandle{};
   if (bMade) Serve(nRun);
-
-  const Running run = m_running[nRun];
-  m_running.resize(nRun);
-  if (!bOwnerWasDisabled) windows.Enable(hOwnerTop, true);
-  windows.Destroy(hDialog);
+  const Running& run = m_running[nRun];
   return bMade || run.bEnded ? run.nResult : -1;
 }
 
@@ -242,7 +245,7 @@ void HeadlessPresenter::DisableModeless() {
 void HeadlessPresenter::EnableModeless() {
   if (m_nModelessDisabled == 0 || --m_nModelessDisabled > 0) return;
   for (const WindowHandle hWindow : std::exchange(m_disabledModeless, {})) {
-    m_parts.windows.Enable(hWindow, true);
+    Undo([&] { m_parts.windows.Enable(hWindow, true); });
   }
 }
 

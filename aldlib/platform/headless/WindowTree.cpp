@@ -3,6 +3,7 @@
 
 #include "aldlib/platform/headless/internal/HeadlessParts.h"
 #include "aldlib/platform/internal/FoldedName.h"
+#include "aldlib/platform/internal/Undo.h"
 
 // How windows come, hang together and go, and what each carries.
 namespace ald {
@@ -25,6 +26,10 @@ WindowHandle HeadlessWindows::Create(const WindowSpec& spec) {
   window.nUsed = ++m_nUse;
   const WindowHandle hWindow = m_windows.Add(std::move(window));
   if (hWindow == WindowHandle{}) return {};
+  bool bMade = false;
+  const UndoAtEnd end([&] {
+    if (!bMade && Find(hWindow) != nullptr) Forget(hWindow);
+  });
   m_parts.Changed(hWindow);
   if (bChild) {
     Find(spec.hParent)->children.push_back(hWindow);
@@ -32,6 +37,7 @@ WindowHandle HeadlessWindows::Create(const WindowSpec& spec) {
     BringToFront(hWindow, false);
     if ((spec.nStyle & kStyleVisible) != 0) Activate(hWindow);
   }
+  bMade = true;
   return hWindow;
 }
 
@@ -40,8 +46,10 @@ bool HeadlessWindows::Destroy(WindowHandle hWindow) {
   if (pWindow == nullptr || pWindow->bDying) return false;
   const WindowHandle hOwner = pWindow->IsChild() ? WindowHandle{} : pWindow->hParent;
   const bool bActive = m_hActive == hWindow;
+  const UndoAtEnd end([&] {
+    if (bActive) ActivateNext(hOwner);
+  });
   DestroyTree(hWindow);
-  if (bActive) ActivateNext(hOwner);
   return true;
 }
 
@@ -49,12 +57,25 @@ void HeadlessWindows::DestroyTree(WindowHandle hWindow) {
   HeadlessWindow* const pWindow = Find(hWindow);
   if (pWindow == nullptr || pWindow->bDying) return;
   pWindow->bDying = true;
+  // Whatever the handler throws, the window goes, and all that hangs on it. Each handler may take
+  // others away, so the lists are looked at anew after each.
+  const UndoAtEnd end([&] {
+    const auto destroyEach = [&](const std::vector<WindowHandle>& windows) {
+      for (std::size_t i = 0; i < windows.size();) {
+        const HeadlessWindow* const pOther = Find(windows[i]);
+        if (pOther->hParent != hWindow || pOther->bDying) {
+          ++i;
+          continue;
+        }
+        Undo([&] { DestroyTree(windows[i]); });
+        i = 0;
+      }
+    };
+    destroyEach(Find(hWindow)->children);
+    destroyEach(m_order);
+    Forget(hWindow);
+  });
   Call(hWindow, kMessageDestroy, 0, 0);
-  for (const WindowHandle hChild : Children(hWindow)) DestroyTree(hChild);
-  for (const WindowHandle hOther : TopLevel()) {
-    if (Parent(hOther) == hWindow) DestroyTree(hOther);
-  }
-  Forget(hWindow);
 }
 
 void HeadlessWindows::Forget(WindowHandle hWindow) {
