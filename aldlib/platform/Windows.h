@@ -62,8 +62,8 @@ class ALDLIB_EXPORT Windows {
                              WindowProcedure procedure) = 0;
   virtual bool UnregisterClass(const CString& sName) = 0;
 
-  // Makes a window; 0 if the class is unknown. Destroying it destroys its children, and tells each
-  // by kMessageDestroy, the parent first.
+  // Makes a window; 0 if the class is unknown, or a child's parent none or going. Destroying it
+  // destroys its children, and tells each by kMessageDestroy, the parent first.
   virtual WindowHandle Create(const WindowSpec& spec) = 0;
   virtual bool Destroy(WindowHandle hWindow) = 0;
 

@@ -228,6 +228,18 @@ TEST_F(HeadlessBench, ListsAFolderByPattern) {
   EXPECT_EQ(m_desktop.windows.Text(hLabel), sOnDrive);
 }
 
+TEST_F(HeadlessBench, LeavesNothingBehindOfAWindowThatGoes) {
+  const WindowHandle hWindow = Shown();
+  const WindowHandle hChild = Control(hWindow, "STATIC", "");
+  m_desktop.windows.SetProcedure(
+      hChild, [&](WindowHandle, std::uint32_t nMessage, std::uint32_t, std::intptr_t) {
+        if (nMessage == kMessageDestroy) Control(hWindow, "EDIT", "late");
+        return std::intptr_t{0};
+      });
+  EXPECT_TRUE(m_desktop.windows.Destroy(hWindow));
+  EXPECT_EQ(m_bench.Live().nWindows, 0U);
+}
+
 TEST_F(HeadlessBench, NeverLetsAStaleHandleAnswerForItsSuccessor) {
   std::vector<WindowHandle> gone;
   for (int i = 0; i < 500; ++i) {

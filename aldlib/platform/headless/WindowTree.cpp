@@ -12,7 +12,11 @@ WindowHandle HeadlessWindows::Create(const WindowSpec& spec) {
   const auto itClass = m_classes.find(FoldedName(spec.sClass));
   if (itClass == m_classes.end()) return {};
   const bool bChild = (spec.nStyle & kStyleChild) != 0;
-  if (bChild && !IsWindow(spec.hParent)) return {};
+  if (bChild) {
+    // One that is going would leave behind what comes into it now.
+    const HeadlessWindow* const pParent = Find(spec.hParent);
+    if (pParent == nullptr || pParent->bDying) return {};
+  }
 
   HeadlessWindow window;
   window.pClass = itClass->second;
