@@ -99,6 +99,10 @@ class CBigInt {
 
   // Signed decimal text without leading zeros.
   CString toDecimalString() const;
+  // The same characters, without a terminator, written to end at pEnd; kDecimalRoom of them at the
+  // most. Returns where they begin. Needs no memory.
+  char* WriteDecimal(char* pEnd) const;
+  static constexpr int kDecimalRoom = nBits * 30103 / 100000 + 2;
   // The bit pattern: nBits / 4 digits, upper case, and nBits digits.
   CString toHexString() const;
   CString toBinaryString() const;

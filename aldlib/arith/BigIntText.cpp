@@ -12,10 +12,8 @@ namespace ald {
 namespace {
 
 // The decimal digits of 2^nBits, rounded up, and one for the sign.
-constexpr std::size_t DecimalRoom(int nBits) {
-  return static_cast<std::size_t>(nBits) * 30103 / 100000 + 2;
-}
-static_assert(DecimalRoom(64) == 21 && DecimalRoom(160) == 50 && DecimalRoom(256) == 79);
+static_assert(CBigInt<64>::kDecimalRoom == 21 && CBigInt<160>::kDecimalRoom == 50 &&
+              CBigInt<256>::kDecimalRoom == 79);
 
 std::string_view WithoutLeadingSpace(std::string_view sText) {
   const auto first = std::find_if_not(sText.begin(), sText.end(), [](char c) {
@@ -40,21 +38,26 @@ int HexValue(char c) {
 
 template <int nBits>
 CString CBigInt<nBits>::toDecimalString() const {
-  CString sText;
-  sText.reserve(DecimalRoom(nBits));
+  char szText[kDecimalRoom];
+  char* const pEnd = szText + kDecimalRoom;
+  return CString(WriteDecimal(pEnd), pEnd);
+}
+
+template <int nBits>
+char* CBigInt<nBits>::WriteDecimal(char* pEnd) const {
+  char* pText = pEnd;
   // Nine digits to a division; zeros only between digits.
   CBigInt magnitude = Abs();
   do {
     std::uint32_t nDigits = magnitude.DivideByWord(1'000'000'000);
     const bool bLast = magnitude.IsZero();
-    for (int i = 0; i < 9 && !(bLast && nDigits == 0 && !sText.empty()); ++i, nDigits /= 10) {
-      sText += static_cast<char>('0' + nDigits % 10);
+    for (int i = 0; i < 9 && !(bLast && nDigits == 0 && pText != pEnd); ++i, nDigits /= 10) {
+      *--pText = static_cast<char>('0' + nDigits % 10);
     }
   } while (!magnitude.IsZero());
   m_pTlsData->m_nMathError = MATH_OK;
-  if (IsNegative()) sText += '-';
-  std::reverse(sText.begin(), sText.end());
-  return sText;
+  if (IsNegative()) *--pText = '-';
+  return pText;
 }
 
 template <int nBits>
@@ -131,9 +134,10 @@ double CBigInt<nBits>::toDouble() const {
     const std::uint64_t nLow = std::uint64_t{m_aWords[1]} << 32 | m_aWords[0];
     return static_cast<double>(static_cast<std::int64_t>(nLow));
   }
-  const CString sText = toDecimalString();
+  char szText[kDecimalRoom];
+  char* const pEnd = szText + kDecimalRoom;
   double result = 0;
-  std::from_chars(sText.data(), sText.data() + sText.size(), result);
+  std::from_chars(WriteDecimal(pEnd), pEnd, result);
   return result;
 }
 
@@ -167,6 +171,7 @@ std::ostream& operator<<(std::ostream& stream, const CBigInt<nBits>& value) {
 
 #define ALDLIB_INSTANTIATE_BIGINT_TEXT(nBits)                                   \
   template CString CBigInt<nBits>::toDecimalString() const;                     \
+  template char* CBigInt<nBits>::WriteDecimal(char*) const;                     \
   template CString CBigInt<nBits>::toHexString() const;                         \
   template CString CBigInt<nBits>::toBinaryString() const;                      \
   template CBigInt<nBits>& CBigInt<nBits>::fromDecimalString(const char*);      \

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <iterator>
 #include <string_view>
 
 #include "aldlib/arith/FixedDecimal.h"
@@ -33,22 +34,6 @@ std::string_view WithoutLeadingSpace(const char* szText) {
   return szText;
 }
 
-// As toDecimalString, but without memory of its own: to show a value must not fail for lack of it.
-template <class TWriter>
-void AppendDecimal(TWriter& writer, const CDecimal::MathType& value) {
-  char szDigits[50];  // 160 bits and the sign
-  char* const pEnd = szDigits + sizeof szDigits;
-  char* pText = pEnd;
-  CDecimal::MathType magnitude = value.Abs();
-  CDecimal::MathType digit;
-  do {
-    magnitude.DivideWithRemainder(CDecimal::MathType::ms_Ten, digit);
-    *--pText = static_cast<char>('0' + digit.m_aWords[0]);
-  } while (!magnitude.IsZero());
-  if (value.IsNegative()) *--pText = '-';
-  writer.Append(std::string_view(pText, static_cast<std::size_t>(pEnd - pText)));
-}
-
 // An out-of-range value, given times 10^9, with all its digits before the point; only the end of
 // the text cuts it.
 CDecimal::TextType PrintExact(CDecimal::MathType value, int nDecimals) {
@@ -62,7 +47,9 @@ CDecimal::TextType PrintExact(CDecimal::MathType value, int nDecimals) {
   value.DivideWithRemainder(anPowers[kDecimals], rest);
   CDecimal::TextType text;
   CTextWriter writer(text);
-  AppendDecimal(writer, value);
+  char szDigits[CDecimal::MathType::kDecimalRoom];
+  char* const pEnd = std::end(szDigits);
+  writer.Append(std::string_view(value.WriteDecimal(pEnd), pEnd));
   if (nDecimals > 0) writer.Append('.');
   rest = rest.Abs();
   for (int i = 1; i <= std::min(nDecimals, text.GetSize()); ++i) {

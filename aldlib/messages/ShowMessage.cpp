@@ -113,8 +113,9 @@ class OnScreen {
 // Keeps the user out of the application's other windows while a box with help is up.
 class ModelessDisabled {
  public:
-  explicit ModelessDisabled(WindowHandle hParent) : m_hOwner(hParent) {
-    CurrentDesktop().presenter.DisableModeless();
+  // Goes by way of the other one, so that the destructor runs whatever throws here.
+  explicit ModelessDisabled(WindowHandle hParent) : ModelessDisabled() {
+    m_hOwner = hParent;
     if (m_hOwner == WindowHandle{}) m_hOwner = CurrentDesktop().presenter.SafeOwner(m_hDisabled);
   }
   ModelessDisabled(const ModelessDisabled&) = delete;
@@ -130,7 +131,9 @@ class ModelessDisabled {
   WindowHandle Owner() const { return m_hOwner; }
 
  private:
-  WindowHandle m_hOwner;
+  ModelessDisabled() { CurrentDesktop().presenter.DisableModeless(); }
+
+  WindowHandle m_hOwner{};
   WindowHandle m_hDisabled{};
 };
 

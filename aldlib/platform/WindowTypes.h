@@ -48,12 +48,15 @@ struct Rect {
   std::int32_t right;
   std::int32_t bottom;
 
+  // Negative where right lies before left; held within 32 bits.
   std::int32_t Width() const { return ToMeasure(std::int64_t{right} - left); }
   std::int32_t Height() const { return ToMeasure(std::int64_t{bottom} - top); }
   bool operator==(const Rect&) const = default;
 };
 using tagRECT = Rect;
 
+// A point or a rectangle so much further right and down, and a rectangle by its first corner and
+// its size; each measure is held within 32 bits.
 constexpr Point Moved(Point at, std::int64_t dx, std::int64_t dy) {
   return {ToMeasure(at.x + dx), ToMeasure(at.y + dy)};
 }

@@ -176,6 +176,9 @@ TEST(MemoryFailure, EndsABoxWithoutAnAnswerAndTheApplicationGoesOn) {
     const int nRefused = RefuseEach([&] { bAnswered = Message(0, MessageByText(szText)) != 0; },
                                     [&](bool bRefused) {
                                       EXPECT_EQ(MyAlderLibDataPtr->bInMessage, 0);
+                                      for (const WindowHandle hWindow : {hLedger, hOwned, hOther}) {
+                                        EXPECT_TRUE(windows.IsEnabled(hWindow)) << szText;
+                                      }
                                       if (!bRefused) {
                                         EXPECT_TRUE(bAnswered) << szText;
                                         EXPECT_EQ(windows.Focus(), hLedger) << szText;

@@ -64,6 +64,7 @@ int RunWords(const std::string& sTyped);
 // The preferences of the user, or of the machine. A group is named by its number or key, a value by
 // the number or name of its preference. Looking changes nothing; the user's first setting takes
 // over those of the machine, as the application's first use does.
+bool AreTherePreferences();  // of either
 int RunPrefsList(bool bMachine);
 int RunPrefsExport(bool bMachine);
 int RunPrefsGet(const std::string& sGroup, const std::string& sName, bool bMachine);

@@ -5,22 +5,9 @@
 
 namespace aldtool {
 
-namespace {
-
-// Whether there are preferences at all. Reading one would make a store where there is none.
-bool IsAnythingStored() {
-  const auto isStored = [](ald::RegistryKey hRoot) {
-    return ald::CRegKey(
-               ald::CurrentPlatform().registry.Open(hRoot, "SOFTWARE\\Alderfell", ald::kReadAccess))
-        .IsOpen();
-  };
-  return isStored(ald::kCurrentUser) || isStored(ald::kLocalMachine);
-}
-
-}  // namespace
-
 int RunOneTimeList() {
-  const bool bStored = IsAnythingStored();
+  // Reading a preference would make a store where there is none.
+  const bool bStored = AreTherePreferences();
   for (std::size_t i = 0; ald::OneTimeMessageKey(i) != nullptr; ++i) {
     const char* const szKey = ald::OneTimeMessageKey(i);
     std::cout << (bStored && ald::IsOneTimeMessageOff(szKey) ? "off    " : "shown  ") << szKey

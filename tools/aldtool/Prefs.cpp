@@ -233,6 +233,10 @@ int RunPrefsList(bool bMachine) {
   return kGood;
 }
 
+bool AreTherePreferences() {
+  return OpenAsItIs(false, kWholeTree).IsOpen() || OpenAsItIs(true, kWholeTree).IsOpen();
+}
+
 int RunPrefsExport(bool bMachine) {
   const std::string sTrouble = StoreTrouble(bMachine);
   if (!sTrouble.empty()) return Complain(sTrouble);

@@ -23,12 +23,12 @@ int HeadlessPresenter::PlainBox(WindowHandle hOwner, const CString& sText, const
 
 int HeadlessPresenter::FrameworkBox(const CString& sText, std::uint32_t nFlags,
                                     std::int32_t nHelpTopic) {
+  DisableModeless();
   WindowHandle hDisabled{};
   const UndoAtEnd end([&] {
     Undo([&] { m_parts.windows.Enable(hDisabled, true); });
     EnableModeless();
   });
-  DisableModeless();
   const WindowHandle hOwner = SafeOwner(hDisabled);
   return ShowBox(
       {{}, ShownBox::Kind::kFramework, hOwner, sText, m_sApplication, nFlags, nHelpTopic, 0},
@@ -125,16 +125,17 @@ std::intptr_t HeadlessPresenter::Run(const Running& begun, WindowHandle hOwner,
                                      DialogProcedure procedure, std::intptr_t nInit) {
   HeadlessWindows& windows = m_parts.windows;
   const WindowHandle hOwnerTop = windows.TopLevelOf(hOwner);
+  const bool bEnableOwner = windows.IsEnabled(hOwnerTop);
   const std::size_t nRun = m_running.size();
   m_running.push_back(begun);
   WindowHandle hDialog{};
-  const bool bOwnerWasDisabled = windows.Enable(hOwnerTop, false);
   // A handler may throw; the dialogs behind go on, and the owner must not stay disabled.
   const UndoAtEnd end([&] {
     m_running.resize(nRun);
-    if (!bOwnerWasDisabled) Undo([&] { windows.Enable(hOwnerTop, true); });
+    if (bEnableOwner) Undo([&] { windows.Enable(hOwnerTop, true); });
     windows.Destroy(hDialog);
   });
+  windows.Enable(hOwnerTop, false);
 
   // The handler of the first message may already end the dialog, so it must know of the run.
   const auto known = [this, nRun, handler = std::move(procedure)](
@@ -235,11 +236,17 @@ WindowHandle HeadlessPresenter::Frame() {
 // Modeless windows are the enabled top-level ones beside that one and the modal dialogs.
 void HeadlessPresenter::DisableModeless() {
   if (m_nModelessDisabled++ > 0) return;
+  bool bDone = false;
+  const UndoAtEnd end([&] {
+    if (!bDone) EnableModeless();
+  });
   const WindowHandle hFrame = Frame();
   for (const WindowHandle hWindow : m_parts.windows.TopLevel()) {
-    if (hWindow == hFrame || IsModal(hWindow)) continue;
-    if (!m_parts.windows.Enable(hWindow, false)) m_disabledModeless.push_back(hWindow);
+    if (hWindow == hFrame || IsModal(hWindow) || !m_parts.windows.IsEnabled(hWindow)) continue;
+    m_disabledModeless.push_back(hWindow);
+    m_parts.windows.Enable(hWindow, false);
   }
+  bDone = true;
 }
 
 void HeadlessPresenter::EnableModeless() {
@@ -256,8 +263,8 @@ WindowHandle HeadlessPresenter::SafeOwner(WindowHandle& hDisabled) {
   const WindowHandle hOwner = m_parts.windows.IsWindow(Modal()) ? Modal() : Frame();
   const WindowHandle hMain = m_parts.windows.MainWindow();
   if (hOwner != hMain && m_parts.windows.IsEnabled(hMain)) {
-    m_parts.windows.Enable(hMain, false);
     hDisabled = hMain;
+    m_parts.windows.Enable(hMain, false);
   }
   return hOwner;
 }

@@ -32,7 +32,7 @@ WindowHandle HeadlessWindows::Create(const WindowSpec& spec) {
   if (hWindow == WindowHandle{}) return {};
   bool bMade = false;
   const UndoAtEnd end([&] {
-    if (!bMade && Find(hWindow) != nullptr) Forget(hWindow);
+    if (!bMade) Destroy(hWindow);
   });
   m_parts.Changed(hWindow);
   if (bChild) {
